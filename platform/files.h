@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "platform/result.h"
+
+// Files as the program uses them: read from front to back, replaced as a whole. Paths are the
+// bytes that the system uses for names.
+
+namespace voxilane {
+
+// Bytes from a file or a pipe.
+class ByteSource {
+ public:
+  ByteSource() = default;
+  ByteSource(const ByteSource&) = delete;
+  ByteSource& operator=(const ByteSource&) = delete;
+  virtual ~ByteSource() = default;
+
+  // Fills the front of the buffer with at least one byte; 0 at the end.
+  virtual Result<std::size_t> read(std::span<char> buffer) = 0;
+
+  // Goes back to where reading began; false where that cannot be done, as in a pipe.
+  virtual bool rewind() = 0;
+
+  // Waits until there is something to read or the end is reached; false when nothing comes in time.
+  virtual bool waitForInput(int milliseconds) = 0;
+
+  // The size in bytes, where it is known.
+  virtual std::optional<std::uint64_t> size() = 0;
+};
+
+Result<std::unique_ptr<ByteSource>> openFile(const std::string& path);
+std::unique_ptr<ByteSource> openStandardInput();
+
+// Where a document goes. What is written counts only after commit(): a file keeps its old content
+// until then, and for good when the object dies before.
+class ByteSink {
+ public:
+  ByteSink() = default;
+  ByteSink(const ByteSink&) = delete;
+  ByteSink& operator=(const ByteSink&) = delete;
+  virtual ~ByteSink() = default;
+
+  virtual Done write(std::string_view bytes) = 0;
+
+  // Brings everything to its reader now, where somebody may be waiting for it.
+  virtual Done flush() = 0;
+
+  virtual Done commit() = 0;
+};
+
+// A new file beside the old one that takes its name on commit. A symbolic link is followed; what is
+// no regular file (a device, a pipe) is written to directly.
+Result<std::unique_ptr<ByteSink>> replaceFile(const std::string& path);
+std::unique_ptr<ByteSink> openStandardOutput();
+
+// The whole file.
+Result<std::string> readFile(const std::string& path);
+
+bool fileExists(const std::string& path);
+bool isDirectory(const std::string& path);
+Done makeDirectory(const std::string& path);
+
+// Whether something is written for a person who watches.
+bool standardErrorIsTerminal();
+
+// The directory of the running program.
+std::string executableDirectory();
+
+}  // namespace voxilane

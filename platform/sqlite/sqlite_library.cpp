@@ -1,0 +1,135 @@
+#include "platform/sqlite/sqlite_library.h"
+
+#include <optional>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+namespace voxilane {
+namespace {
+
+constexpr int lockWaitMilliseconds = 2000;
+
+// Rows come in row order: the index on `word` keeps equal words by row.
+constexpr const char* ipa13Query = "select ipa13 from word where word = ? order by rowid";
+constexpr const char* wordQuery = "select word from word where word = ? order by rowid";
+constexpr const char* glossQuery = "select sjieshi from wordqj where word = ? order by rowid";
+
+Error errorOf(const SQLite::Exception& exception) { return {exception.what()}; }
+
+// A column's bytes, whatever its type. Valid until the statement moves on.
+std::string_view bytesOf(const SQLite::Column& column) {
+  // The pointer must be asked for before the size: a number becomes text on the way.
+  const void* const bytes = column.getBlob();
+  return {static_cast<const char*>(bytes), static_cast<std::size_t>(column.getBytes())};
+}
+
+class SqliteLibrary : public LibraryDatabase {
+ public:
+  explicit SqliteLibrary(const std::string& path)
+      : database_(path, SQLite::OPEN_READONLY, lockWaitMilliseconds) {}
+
+  void checkWords() { prepared(ipa13_, ipa13Query); }
+  void checkGlosses() { prepared(gloss_, glossQuery); }
+
+  Result<std::string> ipa13Of(std::string_view word) override {
+    return firstValue(ipa13_, ipa13Query, word);
+  }
+  Result<std::string> wordOf(std::string_view word) override {
+    return firstValue(word_, wordQuery, word);
+  }
+  Result<std::string> glossOf(std::string_view word) override {
+    return firstValue(gloss_, glossQuery, word);
+  }
+
+  Result<std::size_t> wordCount() override { return count("select count(*) from word"); }
+  Result<std::size_t> glossCount() override { return count("select count(*) from wordqj"); }
+
+  Done eachWord(const RowVisitor& visit) override {
+    try {
+      SQLite::Statement rows(database_, "select word, ipa13 from word order by rowid");
+      while (rows.executeStep()) {
+        const SQLite::Column word = rows.getColumn(0);
+        const SQLite::Column ipa13 = rows.getColumn(1);
+        visit(bytesOf(word), bytesOf(ipa13));
+      }
+      return std::monostate();
+    } catch (const SQLite::Exception& exception) {
+      return errorOf(exception);
+    }
+  }
+
+  std::int64_t version() override {
+    try {
+      SQLite::Statement& query = prepared(version_, "pragma data_version");
+      const std::int64_t version = query.executeStep() ? query.getColumn(0).getInt64() : 0;
+      query.reset();
+      return version;
+    } catch (const SQLite::Exception&) {
+      // The next lookup meets the same failure and reports it.
+      return 0;
+    }
+  }
+
+ private:
+  using OptionalStatement = std::optional<SQLite::Statement>;
+
+  SQLite::Statement& prepared(OptionalStatement& statement, const char* query) {
+    if (!statement) {
+      statement.emplace(database_, query);
+    }
+    return *statement;
+  }
+
+  Result<std::string> firstValue(OptionalStatement& statement, const char* query,
+                                 std::string_view word) {
+    try {
+      SQLite::Statement& lookup = prepared(statement, query);
+      const std::string asked(word);
+      lookup.bindNoCopy(1, asked);
+      std::string value;
+      while (value.empty() && lookup.executeStep()) {
+        value = bytesOf(lookup.getColumn(0));
+      }
+      lookup.reset();
+      return value;
+    } catch (const SQLite::Exception& exception) {
+      // The statement may be in no state to go on with.
+      statement.reset();
+      return errorOf(exception);
+    }
+  }
+
+  Result<std::size_t> count(const char* query) {
+    try {
+      return static_cast<std::size_t>(database_.execAndGet(query).getInt64());
+    } catch (const SQLite::Exception& exception) {
+      return errorOf(exception);
+    }
+  }
+
+  SQLite::Database database_;
+  OptionalStatement ipa13_;
+  OptionalStatement word_;
+  OptionalStatement gloss_;
+  OptionalStatement version_;
+};
+
+}  // namespace
+
+Result<std::unique_ptr<LibraryDatabase>> openSqliteLibrary(const std::string& path,
+                                                           LibraryTables needed) {
+  try {
+    auto library = std::make_unique<SqliteLibrary>(path);
+    if (needed != LibraryTables::glosses) {
+      library->checkWords();
+    }
+    if (needed != LibraryTables::words) {
+      library->checkGlosses();
+    }
+    return std::unique_ptr<LibraryDatabase>(std::move(library));
+  } catch (const SQLite::Exception& exception) {
+    return errorOf(exception);
+  }
+}
+
+}  // namespace voxilane
