@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "annotation/pass_monitor.h"
+#include "annotation/transcriber.h"
+#include "core/brackets.h"
+
+// The line walk of the layouts `up` and `down`: each line of the document gets a second line with
+// its transcriptions, held in step by character counts alone.
+
+namespace voxilane {
+
+// A paragraph longer than this should be split by the user; the pass goes on all the same.
+inline constexpr std::size_t longestParagraph = 1000;
+inline constexpr std::string_view longParagraphText =
+    "有段落的长度超过1000个字符,请用回车符拆分为更小段落！";
+
+struct DocumentLines {
+  std::vector<std::u16string> lines;  // without line ends; empty lines included
+  bool hasLongParagraph = false;
+};
+
+// fenduan1: the paragraphs of a document whose line ends are CR LF.
+DocumentLines fenduan1(std::u16string_view document);
+
+// A document in lines. The two lists are in step.
+struct AlignedLines {
+  std::vector<std::u16string> List3;  // lines that are not blank, each with five blanks behind it
+  std::vector<std::string> List31;    // their transcription lines
+};
+
+AlignedLines walkLines(const std::vector<std::u16string>& lines, const Brackets& brackets,
+                       Transcriber& transcribe, PassMonitor& monitor);
+
+// putout1: the transcription line of one line. A word takes its transcription in brackets, padded
+// to the word's length, and two blanks; any other character one blank; hyphens nothing. Of a run of
+// more than 15 letters only the last 15 count. A run that reaches the end of the line is not
+// written, so lines come with blanks behind them.
+std::string putout1(std::u16string_view line, const Brackets& brackets, Transcriber& transcribe,
+                    PassMonitor& monitor);
+
+}  // namespace voxilane
