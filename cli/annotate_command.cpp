@@ -1,0 +1,224 @@
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <set>
+#include <thread>
+#include <vector>
+
+#include "cli/annotator.h"
+#include "cli/commands.h"
+#include "cli/opened_stores.h"
+
+namespace voxilane {
+namespace {
+
+constexpr int smallestSize = 2;
+constexpr int largestSize = 72;
+constexpr int mostJobs = 64;
+
+struct AnnotateOptions {
+  std::vector<std::string> inputs;
+  std::string output;
+  std::string layout;
+  std::string edition;
+  std::string brackets;
+  std::string separator;
+  std::string font;
+  std::string form;
+  int size = 0;
+  int jobs = 1;
+  bool progress = false;
+};
+
+// One document: where it comes from and where it goes. "-" and the empty output stand for the
+// standard streams.
+struct Document {
+  std::string input;
+  std::string output;
+};
+
+std::string formByEnding(const std::string& output) {
+  const std::string ending = std::filesystem::path(output).extension().string();
+  if (ending == ".htm" || ending == ".html") return "html";
+  if (ending == ".rtf" || ending == ".docx") return ending.substr(1);
+  return "text";
+}
+
+AnnotationJob jobOf(const AnnotateOptions& options, const Context& context) {
+  AnnotationJob job;
+  job.canshu = loadParameters(context.home);
+  const auto set = [](std::string& parameter, const std::string& option) {
+    if (!option.empty()) {
+      parameter = option;
+    }
+  };
+  set(job.canshu.canshu1, options.edition);
+  set(job.canshu.canshu3, options.separator);
+  set(job.canshu.canshu4, options.layout);
+  setBracketsNamed(job.canshu, options.brackets);
+  if (!options.font.empty()) {
+    job.canshu.canshu8 = options.font == "phonetic" ? phoneticFont : unicodeFont;
+  }
+  if (options.size != 0) {
+    job.canshu.canshu9 = static_cast<std::int16_t>(options.size);
+  }
+  job.form = options.form == "html" ? OutputForm::html : OutputForm::text;
+  job.spelling = options.form == "unicode" ? Spelling::unicode : context.spelling();
+  return job;
+}
+
+// What this version cannot write yet; empty when it can.
+std::string missingPart(const AnnotateOptions& options, const AnnotationJob& job) {
+  const auto layout = layoutNamed(job.canshu.canshu4);
+  if (layout == Layout::word1 || layout == Layout::word2 || job.canshu.canshu4 == "ruby") {
+    return "the layout " + job.canshu.canshu4 + " is not part of this version";
+  }
+  if (options.form == "rtf" || options.form == "docx") {
+    return options.form + " is not part of this version";
+  }
+  return {};
+}
+
+// Where each input goes. Throws for calls that cannot be followed.
+std::vector<Document> documentsOf(const AnnotateOptions& options) {
+  std::vector<std::string> inputs = options.inputs;
+  if (inputs.empty()) {
+    inputs.emplace_back("-");
+  }
+  const bool toFolder = inputs.size() > 1 || isDirectory(options.output);
+  if (toFolder && options.output.empty()) {
+    throw CLI::ValidationError("several inputs need -o with a folder");
+  }
+  std::vector<Document> documents;
+  std::set<std::string> outputs;
+  for (const std::string& input : inputs) {
+    if (!toFolder) {
+      return {{input, options.output == "-" ? "" : options.output}};
+    }
+    if (input == "-") {
+      throw CLI::ValidationError("standard input has no name to take into a folder");
+    }
+    const std::string ending = options.form == "html" ? ".html" : ".txt";
+    auto name = std::filesystem::path(input).filename().replace_extension(ending);
+    std::string output = (std::filesystem::path(options.output) / name).string();
+    if (!outputs.insert(output).second) {
+      throw CLI::ValidationError("two inputs would both go to " + output);
+    }
+    documents.push_back({input, std::move(output)});
+  }
+  return documents;
+}
+
+std::string shownName(const Document& document) {
+  return document.input == "-" ? "standard input" : document.input;
+}
+
+// Writes a document annotated, whole or not at all. The first failure is reported.
+void annotateDocument(Context& context, Annotator& annotator, const Document& document,
+                      bool showProgress) {
+  auto source = document.input == "-" ? Result(openStandardInput()) : openFile(document.input);
+  if (!source) {
+    context.fail(document.input, source.error().why);
+    return;
+  }
+  auto sink = document.output.empty() ? Result(openStandardOutput()) : replaceFile(document.output);
+  const std::string outputName = document.output.empty() ? "standard output" : document.output;
+  if (!sink) {
+    context.fail(outputName, sink.error().why);
+    return;
+  }
+  ProgressLine progress(shownName(document), showProgress);
+  const auto outcome = annotator.annotate(std::move(source.value()), *sink.value(), progress);
+  if (!outcome) {
+    context.fail(shownName(document), outcome.error().why);
+    return;
+  }
+  if (const Done done = sink.value()->commit(); !done) {
+    context.fail(outputName, done.error().why);
+    return;
+  }
+  if (outcome.value().hasLongParagraph) {
+    context.note(shownName(document), longParagraphText);
+  }
+}
+
+// Each worker has a library of its own; the word list is shared.
+void annotateAll(Context& context, const AnnotateOptions& options, const AnnotationJob& job,
+                 const std::vector<Document>& documents) {
+  const auto list = loadedWordList(context);
+  if (!list) {
+    return;
+  }
+  std::atomic<std::size_t> next = 0;
+  const auto work = [&] {
+    auto library = openedLibrary(context, LibraryTables::words);
+    if (!library) {
+      return;
+    }
+    Annotator annotator(job, {*list, *library});
+    for (std::size_t i = next++; i < documents.size(); i = next++) {
+      annotateDocument(context, annotator, documents[i], options.progress);
+    }
+  };
+  std::vector<std::thread> workers;
+  const std::size_t count =
+      std::min<std::size_t>(static_cast<std::size_t>(options.jobs), documents.size());
+  while (workers.size() + 1 < count) {
+    workers.emplace_back(work);
+  }
+  work();
+  for (std::thread& worker : workers) {
+    worker.join();
+  }
+}
+
+void runAnnotate(Context& context, AnnotateOptions options) {
+  if (options.form.empty()) {
+    options.form = formByEnding(options.output);
+  }
+  const std::vector<Document> documents = documentsOf(options);
+  const AnnotationJob job = jobOf(options, context);
+  if (const std::string missing = missingPart(options, job); !missing.empty()) {
+    context.fail("annotate", missing);
+    return;
+  }
+  if (documents.size() > 1 && !isDirectory(options.output)) {
+    if (const Done made = makeDirectory(options.output); !made) {
+      context.fail(options.output, made.error().why);
+      return;
+    }
+  }
+  annotateAll(context, options, job, documents);
+}
+
+}  // namespace
+
+void addAnnotateCommand(CLI::App& app, Context& context) {
+  const auto options = std::make_shared<AnnotateOptions>();
+  options->progress = standardErrorIsTerminal();
+  CLI::App* annotate = app.add_subcommand("annotate", "Annotates whole documents");
+  annotate->footer(
+      "What is not given comes from canshushezhi.txt.\n"
+      "Example: voxilane-cli annotate story.txt --layout up --edition old -o story-ipa.txt");
+  annotate->add_option("INPUT", options->inputs, "Text files; - or none is standard input");
+  annotate->add_option("-o,--output", options->output, "A file, or a folder for several inputs");
+  annotate->add_option("--layout", options->layout)
+      ->check(CLI::IsMember({"dangqian", "up", "down", "self", "word1", "word2", "ruby"}));
+  annotate->add_option("--edition", options->edition)
+      ->check(CLI::IsMember({"new", "old", "mei", "none"}));
+  annotate->add_option("--brackets", options->brackets)->check(bracketNames);
+  annotate->add_option("--separator", options->separator)->check(separatorNames);
+  annotate->add_option("--size", options->size, "Points of the transcription")
+      ->check(CLI::Range(smallestSize, largestSize));
+  annotate->add_option("--font", options->font, "Font of transcriptions in web pages")
+      ->check(CLI::IsMember({"unicode", "phonetic"}));
+  annotate->add_option("--to", options->form, "Default: by the ending of the output, else text")
+      ->check(CLI::IsMember({"text", "unicode", "rtf", "html", "docx"}));
+  annotate->add_option("--jobs", options->jobs, "How many documents at once")
+      ->check(CLI::Range(1, mostJobs));
+  annotate->add_flag("--progress,!--no-progress", options->progress,
+                     "A progress line for anything over a second");
+  annotate->callback([&context, options] { runAnnotate(context, *options); });
+}
+
+}  // namespace voxilane

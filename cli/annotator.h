@@ -1,0 +1,45 @@
+#pragma once
+
+#include <optional>
+
+#include "annotation/layouts.h"
+#include "annotation/parameters.h"
+#include "annotation/transcriber.h"
+#include "cli/progress_line.h"
+#include "cli/spelling.h"
+#include "platform/files.h"
+#include "platform/result.h"
+
+namespace voxilane {
+
+enum class OutputForm { text, html };
+
+struct AnnotationJob {
+  CanshuSet canshu;
+  OutputForm form = OutputForm::text;
+  Spelling spelling = Spelling::ipa;  // of transcriptions in text
+};
+
+struct AnnotationOutcome {
+  bool hasLongParagraph = false;
+};
+
+// Annotates documents, one after the other, on one thread.
+class Annotator {
+ public:
+  // An unknown layout in the parameters leaves documents as they are. The layouts of the word
+  // processor are not for this class.
+  Annotator(const AnnotationJob& job, const Stores& stores);
+
+  // Reads a document and writes it annotated. Text in the layouts dangqian, up and down is written
+  // while it is read; everything else needs the whole document first. Nothing is committed.
+  Result<AnnotationOutcome> annotate(std::unique_ptr<ByteSource> source, ByteSink& sink,
+                                     ProgressLine& progress);
+
+ private:
+  AnnotationJob job_;
+  std::optional<Layout> layout_;
+  Transcriber transcribe_;
+};
+
+}  // namespace voxilane
