@@ -41,31 +41,14 @@ const LookupChain& chainOf(Layout layout) {
 
 bool isBlankDocument(std::u16string_view document) { return trimBlanks(document).empty(); }
 
-std::vector<Insertion> dangqianInsertions(Recognition found, const CanshuSet& canshu,
-                                          const PassMonitor& monitor) {
-  std::vector<Insertion> insertions;
-  if (!monitor.keepWriting) {
-    return insertions;
-  }
-  insertions.reserve(found.List4.size());
-  for (std::size_t i = 0; i < found.List4.size(); ++i) {
-    std::string run = std::move(found.List4[i]);
-    run.insert(0, canshu.leftBracket).append(canshu.rightBracket).append(canshu.separator());
-    insertions.push_back({found.List5[i], std::move(run)});
-  }
-  return insertions;
+Recognition toWrite(Recognition found, const PassMonitor& monitor) {
+  return monitor.keepWriting ? std::move(found) : Recognition();
 }
 
-std::string selfBlock(const Recognition& found, const CanshuSet& canshu,
-                      const PassMonitor& monitor) {
-  std::string block;
-  if (!monitor.keepWriting) {
-    return block;
-  }
-  for (const std::string& yinbiao : found.List4) {
-    block.append(canshu.leftBracket).append(yinbiao).append(canshu.rightBracket);
-  }
-  return block;
+RunFrame dangqianFrame(const CanshuSet& canshu) {
+  return {canshu.leftBracket, canshu.rightBracket + std::string(canshu.separator())};
 }
+
+RunFrame selfFrame(const CanshuSet& canshu) { return {canshu.leftBracket, canshu.rightBracket}; }
 
 }  // namespace voxilane

@@ -26,19 +26,21 @@ const LookupChain& chainOf(Layout layout);
 // Whether a document is one that no pass touches: nothing but blanks in it.
 bool isBlankDocument(std::u16string_view document);
 
-// A text that goes into a document; formatting around it stays.
-struct Insertion {
-  std::size_t position;  // 0-based, in UTF-16 units of the document before any insertion
-  std::string text;      // a transcription run in font codes, with its brackets and separator
+// What the writing stage has to write of what was found: all of it or, when the writing was stopped
+// before it began, nothing.
+Recognition toWrite(Recognition found, const PassMonitor& monitor);
+
+// What stands around each transcription that a layout writes.
+struct RunFrame {
+  std::string before;
+  std::string after;
 };
 
-// `dangqian`: a transcription behind each word found. In text order; to be applied from the last to
-// the first. Empty when the writing was stopped.
-std::vector<Insertion> dangqianInsertions(Recognition found, const CanshuSet& canshu,
-                                          const PassMonitor& monitor);
+// `dangqian` inserts at each position of List5 the transcription in this frame: in brackets, with
+// the separator. To be applied from the last to the first, so that the positions hold.
+RunFrame dangqianFrame(const CanshuSet& canshu);
 
-// `self`: all transcriptions as one block, which goes behind the document and a line end.
-std::string selfBlock(const Recognition& found, const CanshuSet& canshu,
-                      const PassMonitor& monitor);
+// `self` puts a line end behind the document and then all transcriptions, each in this frame.
+RunFrame selfFrame(const CanshuSet& canshu);
 
 }  // namespace voxilane

@@ -1,6 +1,7 @@
 #include "annotation/line_walk.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "annotation/alphabets.h"
 #include "core/text.h"
@@ -11,26 +12,22 @@ namespace {
 constexpr std::size_t reach = 15;  // the most letters of a word
 constexpr std::u16string_view lineEndBlanks = u"     ";
 
-std::u16string withoutHyphens(std::u16string_view line) {
-  std::u16string kept;
-  kept.reserve(line.size());
-  std::remove_copy(line.begin(), line.end(), std::back_inserter(kept), u'-');
-  return kept;
+// The end of the run of letters that begins at a position; nothing when it reaches the text's end.
+std::optional<std::size_t> letterRunEnd(std::u16string_view text, std::size_t from) {
+  const auto* const end = std::find_if_not(text.begin() + from, text.end(), isLineWalkLetter);
+  if (end == text.end()) {
+    return std::nullopt;
+  }
+  return static_cast<std::size_t>(end - text.begin());
 }
 
-// The word's transcription, at least as long as the word.
-std::string paddedTranscription(std::u16string_view letters, Transcriber& transcribe,
-                                PassMonitor& monitor) {
-  const std::string word(letters.begin(), letters.end());
-  std::string yinbiao = transcribe(word, monitor);
-  if (yinbiao.empty()) {
-    yinbiao = unknownTranscription;
-  }
+// Appends a transcription with blanks up to the length of its word.
+void appendPadded(std::string& out, std::string_view yinbiao, std::size_t wordLength) {
   const std::size_t length = utf16Length(yinbiao);
-  if (length < word.size()) {
-    yinbiao.append(word.size() - length, ' ');
+  out += yinbiao;
+  if (length < wordLength) {
+    out.append(wordLength - length, ' ');
   }
-  return yinbiao;
 }
 
 }  // namespace
@@ -39,14 +36,14 @@ DocumentLines fenduan1(std::u16string_view document) {
   DocumentLines result;
   while (!document.empty()) {
     const std::size_t end = std::min(document.find(u"\r\n"), document.size());
-    result.lines.emplace_back(document.substr(0, end));
+    result.lines.push_back(document.substr(0, end));
     result.hasLongParagraph |= end > longestParagraph;
     document.remove_prefix(std::min(end + 2, document.size()));
   }
   return result;
 }
 
-AlignedLines walkLines(const std::vector<std::u16string>& lines, const Brackets& brackets,
+AlignedLines walkLines(const std::vector<std::u16string_view>& lines, const Brackets& brackets,
                        Transcriber& transcribe, PassMonitor& monitor) {
   AlignedLines aligned;
   for (std::size_t i = 0; i < lines.size(); ++i) {
@@ -62,8 +59,11 @@ AlignedLines walkLines(const std::vector<std::u16string>& lines, const Brackets&
 
 std::string putout1(std::u16string_view line, const Brackets& brackets, Transcriber& transcribe,
                     PassMonitor& monitor) {
-  const std::u16string text = withoutHyphens(line);
+  std::u16string text(line);
+  std::erase(text, u'-');
   std::string out;
+  out.reserve(2 * text.size());
+  std::string word;
   ProgressReporter progress(monitor, text.size());
   for (std::size_t at = 0; at < text.size() && monitor.keepRecognising; ++at) {
     progress.at(at);
@@ -71,19 +71,19 @@ std::string putout1(std::u16string_view line, const Brackets& brackets, Transcri
       out += ' ';
       continue;
     }
-    const auto runEnd = std::find_if_not(text.begin() + static_cast<std::ptrdiff_t>(at), text.end(),
-                                         isLineWalkLetter);
-    if (runEnd == text.end()) {
+    const auto end = letterRunEnd(text, at);
+    if (!end) {
       break;
     }
-    const auto end = static_cast<std::size_t>(runEnd - text.begin());
-    const std::size_t begin = end - std::min(end - at, reach);
-    const auto letters = std::u16string_view(text).substr(begin, end - begin);
+    word.clear();
+    appendUtf8(word, std::u16string_view(text).substr(*end - std::min(*end - at, reach),
+                                                      std::min(*end - at, reach)));
+    const std::string_view yinbiao = transcribe(word, monitor);
     out += brackets.left;
-    out += paddedTranscription(letters, transcribe, monitor);
+    appendPadded(out, yinbiao.empty() ? unknownTranscription : yinbiao, word.size());
     out += brackets.right;
     out += "  ";
-    at = end;
+    at = *end;
   }
   return out;
 }

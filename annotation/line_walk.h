@@ -19,7 +19,7 @@ inline constexpr std::string_view longParagraphText =
     "有段落的长度超过1000个字符,请用回车符拆分为更小段落！";
 
 struct DocumentLines {
-  std::vector<std::u16string> lines;  // without line ends; empty lines included
+  std::vector<std::u16string_view> lines;  // of the document, without line ends; empty ones too
   bool hasLongParagraph = false;
 };
 
@@ -32,7 +32,7 @@ struct AlignedLines {
   std::vector<std::string> List31;    // their transcription lines
 };
 
-AlignedLines walkLines(const std::vector<std::u16string>& lines, const Brackets& brackets,
+AlignedLines walkLines(const std::vector<std::u16string_view>& lines, const Brackets& brackets,
                        Transcriber& transcribe, PassMonitor& monitor);
 
 // putout1: the transcription line of one line. A word takes its transcription in brackets, padded

@@ -37,9 +37,9 @@ class Scan {
     word_.clear();
     appendUtf8(word_, trimBlanks(candidate));
     std::transform(word_.begin(), word_.end(), word_.begin(), asciiLower);
-    const std::string& yinbiao = transcribe_(word_, monitor_);
+    const std::string_view yinbiao = transcribe_(word_, monitor_);
     if (!trimBlanks(yinbiao).empty()) {
-      found_.List4.push_back(yinbiao);
+      found_.List4.emplace_back(yinbiao);
       found_.List5.push_back(end);
     }
   }

@@ -1,42 +1,32 @@
 #include "annotation/transcriber.h"
 
 namespace voxilane {
-namespace {
-
-// Enough for the words of any book. A text of endless new words must not fill the memory.
-constexpr std::size_t mostAnswers = 100'000;
-
-}  // namespace
-
 Transcriber::Transcriber(const Stores& stores, const LookupChain& chain,
                          std::optional<Edition> edition)
-    : stores_(stores), chain_(chain), edition_(edition) {
-  refresh();
-}
+    : stores_(stores), chain_(chain), edition_(edition) {}
 
-const std::string& Transcriber::operator()(std::string_view word, PassMonitor& monitor) {
-  const auto known = answers_.find(word);
-  if (known != answers_.end()) {
-    return known->second;
+std::string_view Transcriber::operator()(std::string_view word, PassMonitor& monitor) {
+  if (const auto known = answers_.find(word)) {
+    return *known;
   }
-  if (answers_.size() >= mostAnswers) {
-    answers_.clear();
-  }
-  std::string answer = inEdition(lookUp(stores_, chain_, word).yinbiao, edition_);
+  lastAnswer_ = inEdition(lookUp(stores_, chain_, word).yinbiao, edition_);
   if (auto fault = stores_.library.takeFault()) {
     monitor.fault = std::move(fault);
     monitor.keepRecognising = false;
+  } else {
+    answers_.add(word, lastAnswer_);
   }
-  return answers_.emplace(word, std::move(answer)).first->second;
+  return lastAnswer_;
 }
 
-void Transcriber::refresh() {
+LibraryReading Transcriber::beginPiece() {
   LibraryDatabase* const database = stores_.library.database();
   const std::int64_t version = database != nullptr ? database->version() : 0;
   if (version != libraryVersion_) {
     answers_.clear();
     libraryVersion_ = version;
   }
+  return LibraryReading(stores_.library);
 }
 
 }  // namespace voxilane

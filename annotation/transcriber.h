@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
+#include "annotation/answer_cache.h"
 #include "annotation/pass_monitor.h"
 #include "core/editions.h"
 #include "core/lookup_chain.h"
@@ -20,24 +20,18 @@ class Transcriber {
 
   // The transcription in the pass's edition, empty when the word is unknown. Valid until the next
   // call. When the library fails the answer is empty and the monitor stops the pass.
-  const std::string& operator()(std::string_view word, PassMonitor& monitor);
+  std::string_view operator()(std::string_view word, PassMonitor& monitor);
 
-  // Forgets its answers if the library has changed since they were given. Called at the beginning
-  // of each piece of a text that comes in pieces.
-  void refresh();
+  // To be held while a text, or a piece of one, is transcribed. Answers that the library has
+  // overtaken meanwhile are forgotten at its beginning.
+  LibraryReading beginPiece();
 
  private:
-  struct Hash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view text) const {
-      return std::hash<std::string_view>()(text);
-    }
-  };
-
   Stores stores_;
   LookupChain chain_;
   std::optional<Edition> edition_;
-  std::unordered_map<std::string, std::string, Hash, std::equal_to<>> answers_;
+  AnswerCache answers_;
+  std::string lastAnswer_;
   std::int64_t libraryVersion_ = 0;
 };
 

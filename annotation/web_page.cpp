@@ -40,14 +40,14 @@ class PageSpelling {
 
 std::string dangqianPage(std::u16string_view document, const Recognition& found,
                          const CanshuSet& canshu) {
+  const RunFrame frame = dangqianFrame(canshu);
   std::string page = pageHead(canshu.canshu9, canshu.canshu9);
   std::size_t written = 0;
   for (std::size_t i = 0; i < found.List4.size(); ++i) {
     appendUtf8(page, document.substr(written, found.List5[i] - written));
     written = found.List5[i];
-    page.append("<span class=pronounce1>").append(canshu.leftBracket);
-    page.append(codeToEntities(found.List4[i])).append(canshu.rightBracket);
-    page.append(canshu.separator()).append("</span>");
+    page.append("<span class=pronounce1>").append(frame.before);
+    page.append(codeToEntities(found.List4[i])).append(frame.after).append("</span>");
   }
   appendUtf8(page, document.substr(written));
   return page.append(endBlanks).append(pageEnd);
@@ -69,12 +69,13 @@ std::string alignedPage(Layout layout, const AlignedLines& lines, const CanshuSe
 std::string selfPage(std::u16string_view document, const Recognition& found,
                      const CanshuSet& canshu) {
   const PageSpelling spelling(canshu);
+  const RunFrame frame = selfFrame(canshu);
   std::string text = toUtf8(document);
   replaceAll(text, {"\r\n", "<br>"});
   std::string page = pageHead(canshu.canshu9, canshu.canshu9);
   page.append(text).append(endBlanks).append("<br><hr>").append(spelling.openingTag());
   for (const std::string& yinbiao : found.List4) {
-    page.append(canshu.leftBracket).append(spelling(yinbiao)).append(canshu.rightBracket);
+    page.append(frame.before).append(spelling(yinbiao)).append(frame.after);
   }
   return page.append("</span>").append(pageEnd);
 }

@@ -22,11 +22,24 @@ void appendOutputText(std::string& out, std::u16string_view text) {
   appendUtf8(out, text);
 }
 
-void appendRun(std::string& out, std::string_view codes, Spelling spelling) {
-  std::string run = spelled(codes, spelling);
-  replaceAll(run, {"\r\n", "\n"});
-  out += run;
-}
+// Writes transcriptions in their frame as output text. Brackets and separators are the same in
+// every spelling, but for the line end.
+class RunWriter {
+ public:
+  RunWriter(RunFrame frame, Spelling spelling) : frame_(std::move(frame)), spelling_(spelling) {
+    replaceAll(frame_.after, {"\r\n", "\n"});
+  }
+
+  void append(std::string& out, std::string_view yinbiao) const {
+    out += frame_.before;
+    appendSpelled(out, yinbiao, spelling_);
+    out += frame_.after;
+  }
+
+ private:
+  RunFrame frame_;
+  Spelling spelling_;
+};
 
 // One document on its way from a reader to a sink. What can be written before the rest is known is
 // written at once, so a document need not fit into memory.
@@ -50,7 +63,7 @@ class DocumentPass {
     if (length == 0) {
       return {};
     }
-    transcribe_.refresh();
+    const LibraryReading reading = transcribe_.beginPiece();
     std::string out = annotated(std::u16string_view(text_).substr(0, length), TextEnd::continues);
     text_.erase(0, length);
     searched_ = text_.size();
@@ -62,6 +75,7 @@ class DocumentPass {
     if (blank_) {
       return toUtf8(text_);
     }
+    const LibraryReading reading = transcribe_.beginPiece();
     return job_.form == OutputForm::html && layout_ ? toCodePage(page())
                                                     : annotated(text_, TextEnd::whole);
   }
@@ -123,12 +137,14 @@ class DocumentPass {
   }
 
   void appendDangqian(std::string& out, std::u16string_view text, TextEnd textEnd) {
-    auto found = recognitionPass(text, transcribe_, monitor_, textEnd);
+    const RunWriter run(dangqianFrame(job_.canshu), job_.spelling);
+    const Recognition found =
+        toWrite(recognitionPass(text, transcribe_, monitor_, textEnd), monitor_);
     std::size_t written = 0;
-    for (const Insertion& insertion : dangqianInsertions(std::move(found), job_.canshu, monitor_)) {
-      appendOutputText(out, text.substr(written, insertion.position - written));
-      appendRun(out, insertion.text, job_.spelling);
-      written = insertion.position;
+    for (std::size_t i = 0; i < found.List4.size(); ++i) {
+      appendOutputText(out, text.substr(written, found.List5[i] - written));
+      run.append(out, found.List4[i]);
+      written = found.List5[i];
     }
     appendOutputText(out, text.substr(written));
   }
@@ -140,24 +156,28 @@ class DocumentPass {
   }
 
   void appendLines(std::string& out, std::u16string_view text) {
+    const RunWriter run({"", "\n"}, job_.spelling);
     const AlignedLines lines = walkedLines(text);
     for (std::size_t i = 0; i < lines.List3.size(); ++i) {
       if (*layout_ == Layout::up) {
-        appendRun(out, lines.List31[i] + "\n", job_.spelling);
+        run.append(out, lines.List31[i]);
       }
       appendOutputText(out, lines.List3[i]);
       out += '\n';
       if (*layout_ == Layout::down) {
-        appendRun(out, lines.List31[i] + "\n", job_.spelling);
+        run.append(out, lines.List31[i]);
       }
     }
   }
 
   void appendSelf(std::string& out, std::u16string_view text) {
-    const Recognition found = recogniseForSelf(text, transcribe_, monitor_);
+    const RunWriter run(selfFrame(job_.canshu), job_.spelling);
+    const Recognition found = toWrite(recogniseForSelf(text, transcribe_, monitor_), monitor_);
     appendOutputText(out, text);
     out += '\n';
-    appendRun(out, selfBlock(found, job_.canshu, monitor_), job_.spelling);
+    for (const std::string& yinbiao : found.List4) {
+      run.append(out, yinbiao);
+    }
   }
 
   std::string page() {

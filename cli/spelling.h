@@ -15,16 +15,24 @@ enum class Spelling {
   unicode,  // the mapping that word-processor fields use
 };
 
-inline std::string spelled(std::string_view yinbiao, Spelling spelling) {
+inline void appendSpelled(std::string& out, std::string_view yinbiao, Spelling spelling) {
   switch (spelling) {
-    case Spelling::ipa:
-      return codeToIpa(yinbiao);
-    case Spelling::unicode:
-      return codeToUnicode(yinbiao);
     case Spelling::codes:
+      out += yinbiao;
+      break;
+    case Spelling::ipa:
+      appendIpa(out, yinbiao);
+      break;
+    case Spelling::unicode:
+      out += codeToUnicode(yinbiao);
       break;
   }
-  return std::string(yinbiao);
+}
+
+inline std::string spelled(std::string_view yinbiao, Spelling spelling) {
+  std::string text;
+  appendSpelled(text, yinbiao, spelling);
+  return text;
 }
 
 }  // namespace voxilane

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 
 #include "core/text.h"
 
@@ -14,11 +15,20 @@ constexpr std::array<std::pair<char, std::string_view>, 20> symbols{{
     {'U', "ʊ"}, {'F', "ʃ"}, {'V', "ʒ"}, {'W', "θ"}, {'T', "ð"}, {'N', "ŋ"},
 }};
 
-// The symbol of each ASCII character, empty where it stands for itself.
+// A symbol as it is written: two bytes of UTF-8, of which a plain character uses one.
+struct Symbol {
+  std::array<char, 2> bytes;
+  std::uint8_t size;
+};
+
+// The symbol of each byte, itself where it is no code.
 constexpr auto symbolByCode = [] {
-  std::array<std::string_view, 128> table{};
+  std::array<Symbol, 256> table{};
+  for (std::size_t code = 0; code < table.size(); ++code) {
+    table[code] = {{static_cast<char>(code), '\0'}, 1};
+  }
   for (const auto& [code, symbol] : symbols) {
-    table[static_cast<std::size_t>(code)] = symbol;
+    table[static_cast<std::size_t>(code)] = {{symbol[0], symbol[1]}, 2};
   }
   return table;
 }();
@@ -115,19 +125,23 @@ std::string_view firstCharacter(std::string_view utf8) {
 
 std::string codeToIpa(std::string_view yinbiao) {
   std::string ipa;
-  ipa.reserve(yinbiao.size() * 2);
-  for (std::size_t i = 0; i < yinbiao.size(); ++i) {
-    const auto code = static_cast<unsigned char>(yinbiao[i]);
-    const std::string_view symbol = code < symbolByCode.size() ? symbolByCode[code] : "";
-    if (code == 'U' && yinbiao.substr(i + 1, 1) == ":") {
-      ipa += 'u';
-    } else if (symbol.empty()) {
-      ipa += yinbiao[i];
-    } else {
-      ipa += symbol;
-    }
-  }
+  appendIpa(ipa, yinbiao);
   return ipa;
+}
+
+void appendIpa(std::string& out, std::string_view yinbiao) {
+  // Written into room for the longest result: this runs for every word of a text.
+  const std::size_t begin = out.size();
+  out.resize(begin + 2 * yinbiao.size());
+  char* to = out.data() + begin;
+  for (std::size_t i = 0; i < yinbiao.size(); ++i) {
+    const bool longU = yinbiao[i] == 'U' && yinbiao.substr(i + 1, 1) == ":";
+    const Symbol& symbol = symbolByCode[static_cast<unsigned char>(longU ? 'u' : yinbiao[i])];
+    to[0] = symbol.bytes[0];
+    to[1] = symbol.bytes[1];
+    to += symbol.size;
+  }
+  out.resize(static_cast<std::size_t>(to - out.data()));
 }
 
 IpaReading ipaToCode(std::string_view ipa) {

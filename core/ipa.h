@@ -11,6 +11,7 @@ namespace voxilane {
 
 // Font codes of any edition to IPA (UTF-8). What is no code passes unchanged.
 std::string codeToIpa(std::string_view yinbiao);
+void appendIpa(std::string& out, std::string_view yinbiao);
 
 struct IpaFault {
   std::size_t position;  // 1-based, in characters

@@ -157,7 +157,14 @@ std::u16string toUtf16(std::string_view utf8) {
 }
 
 void appendUtf8(std::string& out, std::u16string_view text) {
-  for (std::size_t i = 0; i < text.size(); ++i) {
+  // Most text begins with ASCII, much of it has nothing else.
+  const auto* const ascii =
+      std::find_if(text.begin(), text.end(), [](char16_t unit) { return unit >= 0x80; });
+  const std::size_t begin = out.size();
+  out.resize(begin + static_cast<std::size_t>(ascii - text.begin()));
+  std::transform(text.begin(), ascii, out.data() + begin,
+                 [](char16_t unit) { return static_cast<char>(unit); });
+  for (auto i = static_cast<std::size_t>(ascii - text.begin()); i < text.size(); ++i) {
     char32_t codePoint = text[i];
     if (isHighSurrogate(text[i]) && i + 1 < text.size() && isLowSurrogate(text[i + 1])) {
       codePoint = 0x10000 + ((codePoint & 0x3FFU) << 10U) + (text[++i] & 0x3FFU);

@@ -49,4 +49,20 @@ class WordLibrary {
   std::optional<Error> fault_;
 };
 
+// While one lives, lookups in its library are at their cheapest and the library cannot change.
+class LibraryReading {
+ public:
+  explicit LibraryReading(WordLibrary& library) : database_(library.database()) {
+    if (database_ != nullptr) database_->beginReading();
+  }
+  LibraryReading(const LibraryReading&) = delete;
+  LibraryReading& operator=(const LibraryReading&) = delete;
+  ~LibraryReading() {
+    if (database_ != nullptr) database_->endReading();
+  }
+
+ private:
+  LibraryDatabase* database_;
+};
+
 }  // namespace voxilane

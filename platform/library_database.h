@@ -26,6 +26,11 @@ class LibraryDatabase {
   virtual Result<std::string> wordOf(std::string_view word) = 0;
   virtual Result<std::string> glossOf(std::string_view word) = 0;
 
+  // Between these two the lookups see the file as it is at the first of them and cost less, and
+  // nobody can change it. For one piece of work, not for keeping.
+  virtual void beginReading() = 0;
+  virtual void endReading() = 0;
+
   virtual Result<std::size_t> wordCount() = 0;
   virtual Result<std::size_t> glossCount() = 0;
 

@@ -93,8 +93,12 @@ class BufferedSink : public ByteSink {
 
   Done write(std::string_view bytes) override {
     constexpr std::size_t bufferSize = std::size_t{1} << 16U;
-    buffer_ += bytes;
-    return buffer_.size() < bufferSize ? Done(std::monostate()) : flush();
+    if (buffer_.size() + bytes.size() < bufferSize) {
+      buffer_ += bytes;
+      return std::monostate();
+    }
+    Done flushed = flush();
+    return flushed ? writeAll(descriptor_.get(), bytes) : flushed;
   }
 
   Done flush() override {

@@ -41,6 +41,10 @@ class SqliteLibrary : public LibraryDatabase {
     return firstValue(gloss_, glossQuery, word);
   }
 
+  // A failure here is met again, and reported, by the lookups.
+  void beginReading() override { database_.tryExec("begin"); }
+  void endReading() override { database_.tryExec("commit"); }
+
   Result<std::size_t> wordCount() override { return count("select count(*) from word"); }
   Result<std::size_t> glossCount() override { return count("select count(*) from wordqj"); }
 
