@@ -26,7 +26,7 @@ LibraryReading Transcriber::beginPiece() {
     answers_.clear();
     libraryVersion_ = version;
   }
-  return LibraryReading(stores_.library);
+  return LibraryReading(&stores_.library);
 }
 
 }  // namespace voxilane

@@ -8,11 +8,53 @@ namespace {
 constexpr std::string_view standardOutput = "standard output";
 constexpr std::string_view standardInput = "standard input";
 
-// Lines of standard input. What has been answered is flushed before the input is waited for, so
-// that a program on the other side of the pipe is not kept waiting.
-Done answerInputLines(Context& context, ByteSink& sink, const Answer& answer) {
+// Answers one item after the other into a sink.
+class Answering {
+ public:
+  Answering(ByteSink& sink, const Answer& answer, WordLibrary* library)
+      : sink_(sink), answer_(answer), library_(library) {}
+
+  Done items(const std::vector<std::string>& items) {
+    const LibraryReading reading(library_);
+    for (const std::string& item : items) {
+      if (Done done = write(item); !done) {
+        return done;
+      }
+    }
+    return std::monostate();
+  }
+
+  // The lines that a piece of text ends; what is behind the last line end waits for the next piece.
+  Done lines(std::string_view piece) {
+    const LibraryReading reading(library_);
+    for (auto end = piece.find('\n'); end != std::string_view::npos; end = piece.find('\n')) {
+      rest_.append(piece.substr(0, end));
+      if (Done done = write(rest_); !done) {
+        return done;
+      }
+      rest_.clear();
+      piece.remove_prefix(end + 1);
+    }
+    rest_.append(piece);
+    return std::monostate();
+  }
+
+  // A last line without a line end.
+  Done lastLine() { return rest_.empty() ? Done(std::monostate()) : write(rest_); }
+
+ private:
+  Done write(std::string_view item) { return sink_.write(answer_(item) + "\n"); }
+
+  ByteSink& sink_;
+  const Answer& answer_;
+  WordLibrary* library_;
+  std::string rest_;
+};
+
+// What has been answered is flushed before the input is waited for, so that a program on the other
+// side of the pipe is not kept waiting.
+Done answerStandardInput(Context& context, ByteSink& sink, Answering& answering) {
   TextReader reader(openStandardInput(), LineEnds::lf);
-  std::string rest;
   std::string piece;
   for (;;) {
     if (reader.wouldWait()) {
@@ -23,42 +65,26 @@ Done answerInputLines(Context& context, ByteSink& sink, const Answer& answer) {
     const auto more = reader.read(piece);
     if (!more) {
       context.fail(standardInput, more.error().why);
-      break;
     }
-    if (!more.value()) {
-      break;
+    if (!more || !more.value()) {
+      return answering.lastLine();
     }
-    std::size_t begin = 0;
-    for (auto end = piece.find('\n'); end != std::string::npos; end = piece.find('\n', begin)) {
-      rest.append(piece, begin, end - begin);
-      if (Done done = sink.write(answer(rest) + "\n"); !done) {
-        return done;
-      }
-      rest.clear();
-      begin = end + 1;
-    }
-    rest.append(piece, begin);
-  }
-  return rest.empty() ? Done(std::monostate()) : sink.write(answer(rest) + "\n");
-}
-
-Done answerArguments(const std::vector<std::string>& items, ByteSink& sink, const Answer& answer) {
-  for (const std::string& item : items) {
-    if (Done done = sink.write(answer(item) + "\n"); !done) {
+    if (Done done = answering.lines(piece); !done) {
       return done;
     }
   }
-  return std::monostate();
 }
 
-Done committed(ByteSink& sink, Done written) { return written ? sink.commit() : written; }
+Done committed(ByteSink& sink, const Done& written) { return written ? sink.commit() : written; }
 
 }  // namespace
 
-void answerItems(Context& context, const std::vector<std::string>& items, const Answer& answer) {
+void answerItems(Context& context, const std::vector<std::string>& items, const Answer& answer,
+                 WordLibrary* library) {
   const auto sink = openStandardOutput();
-  const Done done = committed(*sink, items.empty() ? answerInputLines(context, *sink, answer)
-                                                   : answerArguments(items, *sink, answer));
+  Answering answering(*sink, answer, library);
+  const Done done = committed(*sink, items.empty() ? answerStandardInput(context, *sink, answering)
+                                                   : answering.items(items));
   if (!done) {
     context.fail(standardOutput, done.error().why);
   }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "cli/context.h"
+#include "core/word_library.h"
 
 namespace voxilane {
 
@@ -13,8 +14,10 @@ namespace voxilane {
 using Answer = std::function<std::string(std::string_view item)>;
 
 // Answers each item in order, a line for each: the items of the command line or, with none, the
-// lines of standard input, each as soon as it has been read.
-void answerItems(Context& context, const std::vector<std::string>& items, const Answer& answer);
+// lines of standard input, each as soon as it has been read. A library that the answers come from
+// is read in one go for all that is at hand, and let go while the input is waited for.
+void answerItems(Context& context, const std::vector<std::string>& items, const Answer& answer,
+                 WordLibrary* library = nullptr);
 
 // Writes a command's whole output to standard output.
 void printText(Context& context, std::string_view text);

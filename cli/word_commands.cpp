@@ -69,15 +69,18 @@ void runLookup(Context& context, const WordOptions& options) {
   }
   const LookupChain& chain = chainNamed(options.chain);
   const auto edition = editionNamed(options.edition);
-  answerItems(context, options.words, [&](std::string_view word) {
-    const LookupResult found = lookUp(opened->stores(), chain, word);
-    reportFault(context, opened->library);
-    return std::string(word)
-        .append("\t")
-        .append(spelled(inEdition(found.yinbiao, edition), context.spelling()))
-        .append("\t")
-        .append(sourceName(found.source));
-  });
+  answerItems(
+      context, options.words,
+      [&](std::string_view word) {
+        const LookupResult found = lookUp(opened->stores(), chain, word);
+        reportFault(context, opened->library);
+        return std::string(word)
+            .append("\t")
+            .append(spelled(inEdition(found.yinbiao, edition), context.spelling()))
+            .append("\t")
+            .append(sourceName(found.source));
+      },
+      &opened->library);
 }
 
 // The answer of one of the four variants of the word-form chain.
@@ -94,11 +97,14 @@ void runInfer(Context& context, const WordOptions& options) {
   if (!opened) {
     return;
   }
-  answerItems(context, options.words, [&](std::string_view word) {
-    const std::string result = inferred(*opened, options.against, word, context.spelling());
-    reportFault(context, opened->library);
-    return std::string(word).append("\t").append(result);
-  });
+  answerItems(
+      context, options.words,
+      [&](std::string_view word) {
+        const std::string result = inferred(*opened, options.against, word, context.spelling());
+        reportFault(context, opened->library);
+        return std::string(word).append("\t").append(result);
+      },
+      &opened->library);
 }
 
 void runMark(Context& context, const WordOptions& options) {

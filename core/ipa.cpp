@@ -9,7 +9,7 @@
 namespace voxilane {
 namespace {
 
-constexpr std::array<std::pair<char, std::string_view>, 20> symbols{{
+constexpr std::array<std::pair<unsigned char, std::string_view>, 20> symbols{{
     {'5', "ˈ"}, {'7', "ˌ"}, {':', "ː"}, {'I', "ɪ"}, {'Z', "ɛ"}, {'A', "æ"}, {'B', "ɑ"},
     {'C', "ɔ"}, {'R', "ɔ"}, {'2', "ɒ"}, {'Q', "ʌ"}, {'E', "ə"}, {'3', "ɜ"}, {'J', "ʊ"},
     {'U', "ʊ"}, {'F', "ʃ"}, {'V', "ʒ"}, {'W', "θ"}, {'T', "ð"}, {'N', "ŋ"},
@@ -28,7 +28,7 @@ constexpr auto symbolByCode = [] {
     table[code] = {{static_cast<char>(code), '\0'}, 1};
   }
   for (const auto& [code, symbol] : symbols) {
-    table[static_cast<std::size_t>(code)] = {{symbol[0], symbol[1]}, 2};
+    table[code] = {{symbol[0], symbol[1]}, 2};
   }
   return table;
 }();

@@ -67,7 +67,7 @@ std::string tensYinbiao(std::string_view pair, const Brackets& brackets) {
   if (whole != pairReadings.end()) {
     return bracketed(whole->reading, brackets);
   }
-  const std::string units = digitYinbiao(pair[1], brackets);
+  std::string units = digitYinbiao(pair[1], brackets);
   if (units.empty() || pair[0] < '2') {
     return units;
   }
@@ -81,9 +81,9 @@ std::string groupYinbiao(std::string_view group, const Brackets& brackets) {
     return {};
   }
   const std::string_view pair = group.substr(1);
-  const std::string hundreds =
-      group[0] == '0' ? std::string()
-                      : digitYinbiao(group[0], brackets) + bracketed("5hQndrId", brackets);
+  std::string hundreds = group[0] == '0'
+                             ? std::string()
+                             : digitYinbiao(group[0], brackets) + bracketed("5hQndrId", brackets);
   if (pair == "00") {
     return hundreds;
   }

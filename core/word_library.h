@@ -52,7 +52,9 @@ class WordLibrary {
 // While one lives, lookups in its library are at their cheapest and the library cannot change.
 class LibraryReading {
  public:
-  explicit LibraryReading(WordLibrary& library) : database_(library.database()) {
+  // Null: there is nothing to read.
+  explicit LibraryReading(WordLibrary* library)
+      : database_(library != nullptr ? library->database() : nullptr) {
     if (database_ != nullptr) database_->beginReading();
   }
   LibraryReading(const LibraryReading&) = delete;

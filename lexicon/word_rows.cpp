@@ -50,13 +50,14 @@ std::string unescaped(std::string_view gloss) {
   std::string text;
   text.reserve(gloss.size());
   for (std::size_t i = 0; i < gloss.size(); ++i) {
-    if (gloss[i] != '\\' || i + 1 == gloss.size()) {
-      text += gloss[i];
-    } else if (gloss[++i] == 'n') {
-      text += "\r\n";
-    } else {
-      text += gloss[i];
+    if (gloss[i] == '\\' && i + 1 < gloss.size()) {
+      ++i;
+      if (gloss[i] == 'n') {
+        text += "\r\n";
+        continue;
+      }
     }
+    text += gloss[i];
   }
   return text;
 }

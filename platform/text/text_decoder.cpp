@@ -77,10 +77,9 @@ Error TextDecoder::errorAt(std::size_t consumed) const {
   UErrorCode status = U_ZERO_ERROR;
   ucnv_getInvalidChars(converter_.get(), bytes.data(), &count, &status);
   std::string shown;
-  for (std::int8_t i = 0; i < count; ++i) {
+  for (const char byte : std::string_view(bytes.data(), static_cast<std::size_t>(count))) {
     std::array<char, 4> hex{};
-    std::snprintf(hex.data(), hex.size(), " %02X",
-                  static_cast<unsigned char>(bytes[static_cast<std::size_t>(i)]));
+    std::snprintf(hex.data(), hex.size(), " %02X", static_cast<unsigned char>(byte));
     shown += hex.data();
   }
   return {"not " + std::string(encodingName(encoding_)) + " text: bytes" + shown + " before byte " +
