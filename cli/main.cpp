@@ -10,7 +10,11 @@ int explainParse(const CLI::App& app, const CLI::ParseError& error) {
   if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
     return app.exit(error);
   }
-  std::fprintf(stderr, "voxilane-cli: %s\n", error.what());
+  const auto unknown = app.remaining();
+  const std::string why = app.get_subcommands().empty() && !unknown.empty()
+                              ? "not understood: " + unknown.front()
+                              : std::string(error.what());
+  std::fprintf(stderr, "voxilane-cli: %s; see voxilane-cli --help\n", why.c_str());
   return voxilane::exitUsage;
 }
 

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <optional>
 
-#include "core/text.h"
+#include <unicode/unistr.h>
+
 #include "platform/text/line_end_normaliser.h"
 #include "platform/text/text_decoder.h"
 #include "platform/text/utf8_check.h"
@@ -79,8 +80,8 @@ class TextReader::Implementation {
     }
     Utf8Check check;
     std::string block(blockSize, '\0');
-    bool atBeginning = true;
-    while (check.valid()) {
+    std::string head;
+    while (check.valid() || head.size() < utf16MarkSize) {
       const auto count = source_->read(block);
       if (!count) {
         return count.error();
@@ -89,15 +90,11 @@ class TextReader::Implementation {
         break;
       }
       const auto part = std::string_view(block).substr(0, count.value());
-      if (std::exchange(atBeginning, false) && hasUtf16Mark(part)) {
-        decide(Encoding::utf16);
-        break;
-      }
+      head += part.substr(0, utf16MarkSize - std::min(head.size(), utf16MarkSize));
       check.add(part);
     }
-    if (!decoder_) {
-      decide(check.complete() ? Encoding::utf8 : Encoding::codePage);
-    }
+    const Encoding unmarked = check.complete() ? Encoding::utf8 : Encoding::codePage;
+    decide(hasUtf16Mark(head) ? Encoding::utf16 : unmarked);
     source_->rewind();
     return std::monostate();
   }
@@ -172,7 +169,9 @@ Result<bool> TextReader::read(std::u16string& piece) { return implementation_->r
 Result<bool> TextReader::read(std::string& piece) {
   std::u16string units;
   auto more = implementation_->read(units);
-  piece = toUtf8(units);
+  piece.clear();
+  icu::UnicodeString(false, units.data(), static_cast<std::int32_t>(units.size()))
+      .toUTF8String(piece);
   return more;
 }
 

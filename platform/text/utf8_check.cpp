@@ -4,9 +4,21 @@
 
 #include <unicode/utf8.h>
 
-#include "core/text.h"
-
 namespace voxilane {
+namespace {
+
+bool isWholeUtf8(const std::uint8_t* bytes, std::size_t size) {
+  for (std::size_t at = 0; at < size;) {
+    UChar32 codePoint = 0;
+    U8_NEXT(bytes, at, size, codePoint);
+    if (codePoint < 0) {
+      return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace
 
 void Utf8Check::add(std::string_view part) {
   std::string joined;
@@ -14,10 +26,10 @@ void Utf8Check::add(std::string_view part) {
     joined = pending_.append(part);
     part = joined;
   }
-  std::size_t whole = part.size();
   const auto* const bytes = reinterpret_cast<const std::uint8_t*>(part.data());
+  std::size_t whole = part.size();
   U8_TRUNCATE_IF_INCOMPLETE(bytes, 0, whole);
-  valid_ = valid_ && isUtf8(part.substr(0, whole));
+  valid_ = valid_ && isWholeUtf8(bytes, whole);
   pending_ = part.substr(whole);
 }
 
