@@ -15,13 +15,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   require(isUtf8(utf8) && utf16Length(utf8) == toUtf16(utf8).size());
 
   (void)convert13toKK(utf8);
-  require(convert15to13(convert15to13(utf8)) == convert15to13(utf8) || utf8.size() > 2);
+  (void)convert13to15(utf8);
   (void)getYinjieCount(utf8);
   (void)codeToUnicode(utf8);
   (void)codeToEntities(utf8);
   const IpaReading reading = ipaToCode(codeToIpa(utf8));
-  if (!notationFault(utf8)) {
-    // What the library may store survives the way to people and back.
+  if (!notationFault(utf8) && utf8.find("R:") == std::string::npos) {
+    // What the library may store survives the way to people and back; only the two long o look the
+    // same.
     require(!reading.fault && convert15to13(reading.codes) == convert15to13(utf8));
   }
   const Brackets brackets{"[", "]"};

@@ -1,5 +1,6 @@
 #include "platform/text/utf8_check.h"
 
+#include <cstddef>
 #include <cstdint>
 
 #include <unicode/utf8.h>
@@ -7,8 +8,8 @@
 namespace voxilane {
 namespace {
 
-bool isWholeUtf8(const std::uint8_t* bytes, std::size_t size) {
-  for (std::size_t at = 0; at < size;) {
+bool isWholeUtf8(const std::uint8_t* bytes, std::ptrdiff_t size) {
+  for (std::ptrdiff_t at = 0; at < size;) {
     UChar32 codePoint = 0;
     U8_NEXT(bytes, at, size, codePoint);
     if (codePoint < 0) {
@@ -27,10 +28,11 @@ void Utf8Check::add(std::string_view part) {
     part = joined;
   }
   const auto* const bytes = reinterpret_cast<const std::uint8_t*>(part.data());
-  std::size_t whole = part.size();
+  // Signed, since ICU counts down through zero.
+  auto whole = static_cast<std::ptrdiff_t>(part.size());
   U8_TRUNCATE_IF_INCOMPLETE(bytes, 0, whole);
   valid_ = valid_ && isWholeUtf8(bytes, whole);
-  pending_ = part.substr(whole);
+  pending_ = part.substr(static_cast<std::size_t>(whole));
 }
 
 }  // namespace voxilane
