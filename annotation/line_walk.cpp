@@ -1,7 +1,6 @@
 #include "annotation/line_walk.h"
 
 #include <algorithm>
-#include <optional>
 
 #include "annotation/alphabets.h"
 #include "core/text.h"
@@ -10,25 +9,6 @@ namespace voxilane {
 namespace {
 
 constexpr std::size_t reach = 15;  // the most letters of a word
-constexpr std::u16string_view lineEndBlanks = u"     ";
-
-// The end of the run of letters that begins at a position; nothing when it reaches the text's end.
-std::optional<std::size_t> letterRunEnd(std::u16string_view text, std::size_t from) {
-  const auto* const end = std::find_if_not(text.begin() + from, text.end(), isLineWalkLetter);
-  if (end == text.end()) {
-    return std::nullopt;
-  }
-  return static_cast<std::size_t>(end - text.begin());
-}
-
-// Appends a transcription with blanks up to the length of its word.
-void appendPadded(std::string& out, std::string_view yinbiao, std::size_t wordLength) {
-  const std::size_t length = utf16Length(yinbiao);
-  out += yinbiao;
-  if (length < wordLength) {
-    out.append(wordLength - length, ' ');
-  }
-}
 
 }  // namespace
 
@@ -43,49 +23,68 @@ DocumentLines fenduan1(std::u16string_view document) {
   return result;
 }
 
-AlignedLines walkLines(const std::vector<std::u16string_view>& lines, const Brackets& brackets,
-                       Transcriber& transcribe, PassMonitor& monitor) {
-  AlignedLines aligned;
-  for (std::size_t i = 0; i < lines.size(); ++i) {
-    if (trimBlanks(lines[i]).empty()) {
-      continue;
+bool isWalked(std::u16string_view line) { return !trimBlanks(line).empty(); }
+
+LineWalk::LineWalk(const Brackets& brackets, Transcriber& transcribe, PassMonitor& monitor)
+    : brackets_(brackets), transcribe_(transcribe), monitor_(monitor) {}
+
+void LineWalk::add(std::u16string_view part, std::string& out) {
+  for (const char16_t c : part) {
+    if (!monitor_.keepRecognising) {
+      return;
     }
-    monitor.progress(PassStage::reading, i, lines.size());
-    aligned.List3.push_back(std::u16string(lines[i]).append(lineEndBlanks));
-    aligned.List31.push_back(" " + putout1(aligned.List3.back(), brackets, transcribe, monitor));
+    if (isLineWalkLetter(c)) {
+      addLetter(c);
+    } else if (c != u'-') {
+      endWord(out);
+    }
   }
-  return aligned;
+}
+
+void LineWalk::addLetter(char16_t letter) {
+  if (word_.size() == reach) {
+    word_.erase(0, 1);
+  }
+  word_ += static_cast<char>(letter);
+}
+
+void LineWalk::endWord(std::string& out) {
+  if (word_.empty()) {
+    out += ' ';
+    return;
+  }
+  const std::string_view known = transcribe_(word_, monitor_);
+  const std::string_view yinbiao = known.empty() ? unknownTranscription : known;
+  const std::size_t length = utf16Length(yinbiao);
+  out.append(brackets_.left).append(yinbiao);
+  out.append(word_.size() - std::min(length, word_.size()), ' ');
+  out.append(brackets_.right).append("  ");
+  word_.clear();
 }
 
 std::string putout1(std::u16string_view line, const Brackets& brackets, Transcriber& transcribe,
                     PassMonitor& monitor) {
-  std::u16string text(line);
-  std::erase(text, u'-');
+  constexpr std::size_t partLength = 4096;
+  LineWalk walk(brackets, transcribe, monitor);
   std::string out;
-  out.reserve(2 * text.size());
-  std::string word;
-  ProgressReporter progress(monitor, text.size());
-  for (std::size_t at = 0; at < text.size() && monitor.keepRecognising; ++at) {
-    progress.at(at);
-    if (!isLineWalkLetter(text[at])) {
-      out += ' ';
-      continue;
-    }
-    const auto end = letterRunEnd(text, at);
-    if (!end) {
-      break;
-    }
-    word.clear();
-    appendUtf8(word, std::u16string_view(text).substr(*end - std::min(*end - at, reach),
-                                                      std::min(*end - at, reach)));
-    const std::string_view yinbiao = transcribe(word, monitor);
-    out += brackets.left;
-    appendPadded(out, yinbiao.empty() ? unknownTranscription : yinbiao, word.size());
-    out += brackets.right;
-    out += "  ";
-    at = *end;
+  for (std::size_t at = 0; at < line.size(); at += partLength) {
+    monitor.progress(PassStage::reading, at, line.size());
+    walk.add(line.substr(at, partLength), out);
   }
   return out;
+}
+
+AlignedLines walkLines(const std::vector<std::u16string_view>& lines, const Brackets& brackets,
+                       Transcriber& transcribe, PassMonitor& monitor) {
+  AlignedLines aligned;
+  for (const std::u16string_view line : lines) {
+    if (!isWalked(line)) {
+      continue;
+    }
+    aligned.List3.push_back(std::u16string(line).append(lineEndBlanks));
+    aligned.List31.push_back(" " + putout1(aligned.List3.back(), brackets, transcribe, monitor));
+  }
+  return aligned;
 }
 
 }  // namespace voxilane

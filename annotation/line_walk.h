@@ -26,20 +26,44 @@ struct DocumentLines {
 // fenduan1: the paragraphs of a document whose line ends are CR LF.
 DocumentLines fenduan1(std::u16string_view document);
 
+// The blanks that a line gets behind it: they end a word at the end of the line.
+inline constexpr std::u16string_view lineEndBlanks = u"     ";
+
+// Whether the walk takes a line; others are dropped and do not come back.
+bool isWalked(std::u16string_view line);
+
+// Makes a transcription line from a line that may come in parts. A word takes its transcription in
+// brackets, padded to the word's length, and two blanks; any other character one blank, but the one
+// that ends a word nothing; hyphens count as not there. Of a run of more than 15 letters only the
+// last 15 count. A run that no other character has ended is not written.
+class LineWalk {
+ public:
+  LineWalk(const Brackets& brackets, Transcriber& transcribe, PassMonitor& monitor);
+
+  // Appends the columns that the part settles; none once the monitor has stopped the reading.
+  void add(std::u16string_view part, std::string& out);
+
+ private:
+  void addLetter(char16_t letter);
+  void endWord(std::string& out);
+
+  const Brackets& brackets_;
+  Transcriber& transcribe_;
+  PassMonitor& monitor_;
+  std::string word_;  // the last letters of the present run
+};
+
+// putout1: the transcription line of one line, which has its blanks behind it.
+std::string putout1(std::u16string_view line, const Brackets& brackets, Transcriber& transcribe,
+                    PassMonitor& monitor);
+
 // A document in lines. The two lists are in step.
 struct AlignedLines {
-  std::vector<std::u16string> List3;  // lines that are not blank, each with five blanks behind it
+  std::vector<std::u16string> List3;  // lines that are not blank, with their blanks behind them
   std::vector<std::string> List31;    // their transcription lines
 };
 
 AlignedLines walkLines(const std::vector<std::u16string_view>& lines, const Brackets& brackets,
                        Transcriber& transcribe, PassMonitor& monitor);
-
-// putout1: the transcription line of one line. A word takes its transcription in brackets, padded
-// to the word's length, and two blanks; any other character one blank; hyphens nothing. Of a run of
-// more than 15 letters only the last 15 count. A run that reaches the end of the line is not
-// written, so lines come with blanks behind them.
-std::string putout1(std::u16string_view line, const Brackets& brackets, Transcriber& transcribe,
-                    PassMonitor& monitor);
 
 }  // namespace voxilane

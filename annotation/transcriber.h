@@ -19,7 +19,8 @@ class Transcriber {
   Transcriber(const Stores& stores, const LookupChain& chain, std::optional<Edition> edition);
 
   // The transcription in the pass's edition, empty when the word is unknown. Valid until the next
-  // call. When the library fails the answer is empty and the monitor stops the pass.
+  // call. When the library fails the monitor is told and stops the pass; the answer is
+  // then what the list alone gives.
   std::string_view operator()(std::string_view word, PassMonitor& monitor);
 
   // To be held while a text, or a piece of one, is transcribed. Answers that the library has

@@ -70,10 +70,15 @@ std::string selfPage(std::u16string_view document, const Recognition& found,
                      const CanshuSet& canshu) {
   const PageSpelling spelling(canshu);
   const RunFrame frame = selfFrame(canshu);
-  std::string text = toUtf8(document);
-  replaceAll(text, {"\r\n", "<br>"});
   std::string page = pageHead(canshu.canshu9, canshu.canshu9);
-  page.append(text).append(endBlanks).append("<br><hr>").append(spelling.openingTag());
+  for (auto end = document.find(u"\r\n"); end != std::u16string_view::npos;
+       end = document.find(u"\r\n")) {
+    appendUtf8(page, document.substr(0, end));
+    page.append("<br>");
+    document.remove_prefix(end + 2);
+  }
+  appendUtf8(page, document);
+  page.append(endBlanks).append("<br><hr>").append(spelling.openingTag());
   for (const std::string& yinbiao : found.List4) {
     page.append(frame.before).append(spelling(yinbiao)).append(frame.after);
   }

@@ -41,46 +41,84 @@ class RunWriter {
   Spelling spelling_;
 };
 
+// Output text on its way to a sink, in large parts. Nothing more is written once the library has
+// broken the pass off: what follows would look as if no word were known.
+class OutputText {
+ public:
+  OutputText(ByteSink& sink, const PassMonitor& monitor) : sink_(sink), monitor_(monitor) {}
+
+  std::string& text() { return text_; }
+
+  void writeIfLarge() {
+    constexpr std::size_t large = std::size_t{1} << 16U;
+    if (text_.size() >= large) {
+      write();
+    }
+  }
+
+  void write() {
+    if (done_) {
+      done_ = monitor_.fault ? Done(*monitor_.fault) : sink_.write(text_);
+    }
+    text_.clear();
+  }
+
+  const Done& done() const { return done_; }
+
+ private:
+  ByteSink& sink_;
+  const PassMonitor& monitor_;
+  std::string text_;
+  Done done_ = std::monostate();
+};
+
 // One document on its way from a reader to a sink. What can be written before the rest is known is
 // written at once, so a document need not fit into memory.
 class DocumentPass {
  public:
   DocumentPass(const AnnotationJob& job, std::optional<Layout> layout, Transcriber& transcribe,
-               PassMonitor& monitor)
-      : job_(job), layout_(layout), transcribe_(transcribe), monitor_(monitor) {}
+               PassMonitor& monitor, ByteSink& sink)
+      : job_(job),
+        layout_(layout),
+        transcribe_(transcribe),
+        monitor_(monitor),
+        out_(sink, monitor) {}
 
   void add(std::u16string_view piece) {
     text_ += piece;
     blank_ = blank_ && isBlankDocument(piece);
   }
 
-  // Annotates what does not depend on what is still to come; gives the output, which may be empty.
-  std::string takeReady() {
-    if (blank_ || job_.form != OutputForm::text) {
-      return {};
+  // Annotates and writes what does not depend on what is still to come.
+  Done writeReady() {
+    const std::size_t length = blank_ || job_.form != OutputForm::text ? 0 : readyLength();
+    if (length > 0) {
+      const LibraryReading reading = transcribe_.beginPiece();
+      annotate(std::u16string_view(text_).substr(0, length), TextEnd::continues);
+      text_.erase(0, length);
+      searched_ = text_.size();
     }
-    const std::size_t length = readyLength();
-    if (length == 0) {
-      return {};
-    }
-    const LibraryReading reading = transcribe_.beginPiece();
-    std::string out = annotated(std::u16string_view(text_).substr(0, length), TextEnd::continues);
-    text_.erase(0, length);
-    searched_ = text_.size();
-    return out;
+    out_.write();
+    return out_.done();
   }
 
-  // Annotates the rest: everything that was added and not taken.
-  std::string takeLast() {
-    if (blank_) {
-      return toUtf8(text_);
-    }
+  // Annotates and writes the rest.
+  Done writeLast() {
     const LibraryReading reading = transcribe_.beginPiece();
-    return job_.form == OutputForm::html && layout_ ? toCodePage(page())
-                                                    : annotated(text_, TextEnd::whole);
+    if (blank_ || !layout_) {
+      appendOutputText(out_.text(), text_);
+    } else if (job_.form == OutputForm::html) {
+      out_.text() = toCodePage(page());
+    } else {
+      annotate(text_, TextEnd::whole);
+    }
+    out_.write();
+    return out_.done();
   }
 
-  bool isRichText() const { return std::u16string_view(text_).substr(0, 5) == richTextStart; }
+  bool isRichText() const {
+    return std::u16string_view(text_).substr(0, richTextStart.size()) == richTextStart;
+  }
   bool hasLongParagraph() const { return hasLongParagraph_; }
 
  private:
@@ -112,72 +150,106 @@ class DocumentPass {
     return length;
   }
 
-  std::string annotated(std::u16string_view text, TextEnd textEnd) {
-    std::string out;
+  void annotate(std::u16string_view text, TextEnd textEnd) {
     if (!layout_) {
-      appendOutputText(out, text);
-      return out;
+      appendOutputText(out_.text(), text);
+      return;
     }
     switch (*layout_) {
       case Layout::dangqian:
-        appendDangqian(out, text, textEnd);
+        writeDangqian(text, textEnd);
         break;
       case Layout::up:
       case Layout::down:
-        appendLines(out, text);
+        writeLines(text);
         break;
       case Layout::self:
-        appendSelf(out, text);
+        writeSelf(text);
         break;
       case Layout::word1:
       case Layout::word2:
         break;
     }
-    return out;
   }
 
-  void appendDangqian(std::string& out, std::u16string_view text, TextEnd textEnd) {
+  void writeDangqian(std::u16string_view text, TextEnd textEnd) {
     const RunWriter run(dangqianFrame(job_.canshu), job_.spelling);
     const Recognition found =
         toWrite(recognitionPass(text, transcribe_, monitor_, textEnd), monitor_);
     std::size_t written = 0;
     for (std::size_t i = 0; i < found.List4.size(); ++i) {
-      appendOutputText(out, text.substr(written, found.List5[i] - written));
-      run.append(out, found.List4[i]);
+      appendOutputText(out_.text(), text.substr(written, found.List5[i] - written));
+      run.append(out_.text(), found.List4[i]);
       written = found.List5[i];
+      out_.writeIfLarge();
     }
-    appendOutputText(out, text.substr(written));
+    writeEnglish(text.substr(written));
   }
 
-  AlignedLines walkedLines(std::u16string_view text) {
-    const DocumentLines paragraphs = fenduan1(text);
-    hasLongParagraph_ = hasLongParagraph_ || paragraphs.hasLongParagraph;
-    return walkLines(paragraphs.lines, job_.canshu.brackets(), transcribe_, monitor_);
-  }
-
-  void appendLines(std::string& out, std::u16string_view text) {
-    const RunWriter run({"", "\n"}, job_.spelling);
-    const AlignedLines lines = walkedLines(text);
-    for (std::size_t i = 0; i < lines.List3.size(); ++i) {
+  void writeLines(std::u16string_view text) {
+    for (const std::u16string_view line : paragraphs(text)) {
+      if (!isWalked(line)) {
+        continue;
+      }
       if (*layout_ == Layout::up) {
-        run.append(out, lines.List31[i]);
+        writeTranscriptionLine(line);
       }
-      appendOutputText(out, lines.List3[i]);
-      out += '\n';
+      writeEnglish(line);
+      appendOutputText(out_.text(), lineEndBlanks);
+      out_.text() += '\n';
       if (*layout_ == Layout::down) {
-        run.append(out, lines.List31[i]);
+        writeTranscriptionLine(line);
       }
     }
   }
 
-  void appendSelf(std::string& out, std::u16string_view text) {
+  void writeTranscriptionLine(std::u16string_view line) {
+    const Brackets brackets = job_.canshu.brackets();
+    LineWalk walk(brackets, transcribe_, monitor_);
+    std::string columns = " ";
+    forEachPart(line, [&](std::u16string_view part) {
+      walk.add(part, columns);
+      appendSpelled(out_.text(), columns, job_.spelling);
+      columns.clear();
+    });
+    walk.add(lineEndBlanks, columns);
+    appendSpelled(out_.text(), columns, job_.spelling);
+    out_.text() += '\n';
+  }
+
+  void writeSelf(std::u16string_view text) {
     const RunWriter run(selfFrame(job_.canshu), job_.spelling);
     const Recognition found = toWrite(recogniseForSelf(text, transcribe_, monitor_), monitor_);
-    appendOutputText(out, text);
-    out += '\n';
+    writeEnglish(text);
+    out_.text() += '\n';
     for (const std::string& yinbiao : found.List4) {
-      run.append(out, yinbiao);
+      run.append(out_.text(), yinbiao);
+      out_.writeIfLarge();
     }
+  }
+
+  void writeEnglish(std::u16string_view text) {
+    forEachPart(text, [&](std::u16string_view part) { appendOutputText(out_.text(), part); });
+  }
+
+  // A long text in parts, so that its output can leave in parts. No character is split.
+  template <typename Take>
+  void forEachPart(std::u16string_view text, Take take) {
+    constexpr std::size_t partLength = std::size_t{1} << 16U;
+    while (!text.empty()) {
+      std::size_t length = std::min(partLength, text.size());
+      const bool splits = length < text.size() && (text[length] & 0xFC00U) == 0xDC00;
+      length += splits ? 1 : 0;
+      take(text.substr(0, length));
+      text.remove_prefix(length);
+      out_.writeIfLarge();
+    }
+  }
+
+  std::vector<std::u16string_view> paragraphs(std::u16string_view text) {
+    DocumentLines document = fenduan1(text);
+    hasLongParagraph_ = hasLongParagraph_ || document.hasLongParagraph;
+    return std::move(document.lines);
   }
 
   std::string page() {
@@ -186,7 +258,9 @@ class DocumentPass {
         return dangqianPage(text_, recognitionPass(text_, transcribe_, monitor_), job_.canshu);
       case Layout::up:
       case Layout::down:
-        return alignedPage(*layout_, walkedLines(text_), job_.canshu);
+        return alignedPage(
+            *layout_, walkLines(paragraphs(text_), job_.canshu.brackets(), transcribe_, monitor_),
+            job_.canshu);
       case Layout::self:
         return selfPage(text_, recogniseForSelf(text_, transcribe_, monitor_), job_.canshu);
       case Layout::word1:
@@ -200,16 +274,12 @@ class DocumentPass {
   std::optional<Layout> layout_;
   Transcriber& transcribe_;
   PassMonitor& monitor_;
+  OutputText out_;
   std::u16string text_;
   std::size_t searched_ = 0;  // how much of text_ holds no line end
   bool blank_ = true;
   bool hasLongParagraph_ = false;
 };
-
-Done writeChecked(ByteSink& sink, std::string_view out, const PassMonitor& monitor) {
-  // A pass that the library broke off must not look like one that found nothing.
-  return monitor.fault ? Done(*monitor.fault) : sink.write(out);
-}
 
 }  // namespace
 
@@ -222,7 +292,7 @@ Result<AnnotationOutcome> Annotator::annotate(std::unique_ptr<ByteSource> source
                                               ProgressLine& progress) {
   TextReader reader(std::move(source), LineEnds::crLf);
   PassMonitor monitor;
-  DocumentPass pass(job_, layout_, transcribe_, monitor);
+  DocumentPass pass(job_, layout_, transcribe_, monitor, sink);
   std::u16string piece;
   bool atBeginning = true;
   for (;;) {
@@ -242,12 +312,12 @@ Result<AnnotationOutcome> Annotator::annotate(std::unique_ptr<ByteSource> source
     if (std::exchange(atBeginning, false) && pass.isRichText()) {
       return Error{"rich text cannot be read by this version"};
     }
-    if (Done done = writeChecked(sink, pass.takeReady(), monitor); !done) {
+    if (Done done = pass.writeReady(); !done) {
       return done.error();
     }
     progress.progress(PassStage::reading, reader.bytesRead(), reader.size());
   }
-  if (Done done = writeChecked(sink, pass.takeLast(), monitor); !done) {
+  if (Done done = pass.writeLast(); !done) {
     return done.error();
   }
   return AnnotationOutcome{pass.hasLongParagraph()};

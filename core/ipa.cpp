@@ -34,7 +34,13 @@ constexpr auto symbolByCode = [] {
 }();
 
 // Spellings of people to codes; a longer one stands before a shorter one that it begins with.
-constexpr std::array<Replacement, 66> spellings{{
+constexpr std::array<Replacement, 72> spellings{{
+    {"ɔ\u0361ɪ", "CI"},
+    {"ɔ\u035Cɪ", "CI"},
+    {"ɔ\u0361i", "Ci"},
+    {"ɔ\u035Ci", "Ci"},
+    {"o\u0361ʊ", "EJ"},
+    {"o\u035Cʊ", "EJ"},
     {"ɔː", "C:"},
     {"ɔ:", "C:"},
     {"ɔɪ", "CI"},

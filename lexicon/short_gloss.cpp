@@ -52,10 +52,16 @@ std::u16string_view takeSense(std::u16string_view& line) {
   return sense;
 }
 
+// At most so many characters of a text, without half of one at the end.
+std::u16string_view cut(std::u16string_view text, std::size_t length) {
+  const bool splits = length < text.size() && length > 0 && (text[length] & 0xFC00U) == 0xDC00;
+  return text.substr(0, splits ? length - 1 : length);
+}
+
 // Adds a sense if there is room for it; a first sense is cut rather than left out.
 bool addSense(std::u16string& out, std::u16string_view lead, std::u16string_view sense) {
   if (out.empty()) {
-    out.append(lead).append(sense.substr(0, mostLength - std::min(lead.size(), mostLength)));
+    out.append(lead).append(cut(sense, mostLength - std::min(lead.size(), mostLength)));
     return true;
   }
   if (out.size() + lead.size() + sense.size() > mostLength) {

@@ -1,5 +1,7 @@
 #include "platform/code_page.h"
 
+#include <array>
+
 #include <unicode/unistr.h>
 
 #include "platform/text/converter.h"
@@ -16,15 +18,25 @@ std::string fromCodePage(std::string_view bytes) {
 }
 
 std::string toCodePage(std::string_view utf8) {
-  const ConverterPointer converter = openConverter(codePageName);
-  const auto text = icu::UnicodeString::fromUTF8(
-      icu::StringPiece(utf8.data(), static_cast<std::int32_t>(utf8.size())));
-  constexpr std::int32_t mostBytesPerUnit = 4;
-  std::string bytes(static_cast<std::size_t>(text.length()) * mostBytesPerUnit, '\0');
-  UErrorCode status = U_ZERO_ERROR;
-  const std::int32_t size =
-      text.extract(bytes.data(), static_cast<std::int32_t>(bytes.size()), converter.get(), status);
-  bytes.resize(U_SUCCESS(status) ? static_cast<std::size_t>(size) : 0);
+  const ConverterPointer to = openConverter(codePageName);
+  const ConverterPointer from = openConverter("UTF-8");
+  std::string bytes;
+  bytes.reserve(utf8.size());
+  const char* source = utf8.data();
+  const char* const sourceEnd = source + utf8.size();
+  std::array<char16_t, 4096> pivot;
+  char16_t* pivotSource = pivot.data();
+  char16_t* pivotTarget = pivot.data();
+  UErrorCode status = U_BUFFER_OVERFLOW_ERROR;
+  while (status == U_BUFFER_OVERFLOW_ERROR) {
+    std::array<char, 16384> block;
+    char* target = block.data();
+    status = U_ZERO_ERROR;
+    ucnv_convertEx(to.get(), from.get(), &target, block.data() + block.size(), &source, sourceEnd,
+                   pivot.data(), &pivotSource, &pivotTarget, pivot.data() + pivot.size(), false,
+                   true, &status);
+    bytes.append(block.data(), target);
+  }
   return bytes;
 }
 
