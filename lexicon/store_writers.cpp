@@ -25,6 +25,9 @@ constexpr std::uint32_t unranked = std::numeric_limits<std::uint32_t>::max();
 // rank lemmas, running text is full of forms.
 constexpr std::uint32_t lemmaFactor = 3;
 
+// For a word that a syllabus has and no corpus ranked, such as "are".
+constexpr std::uint32_t syllabusScore = 5000;
+
 struct Candidate {
   std::uint32_t score;  // smaller is better
   const WordRow* row;
@@ -35,7 +38,8 @@ std::uint32_t scoreOf(const WordRow& row,
   if (row.source == "contraction") {
     return 0;  // too few to need a choice, and in every text
   }
-  std::uint32_t score = row.rank > 0 ? row.rank : unranked;
+  const std::uint32_t unrankedScore = row.levels.empty() ? unranked : syllabusScore;
+  std::uint32_t score = row.rank > 0 ? row.rank : unrankedScore;
   const auto lemma = ranks.find(row.lemma);
   if (lemma != ranks.end()) {
     score = std::min(score, lemma->second * lemmaFactor);

@@ -99,6 +99,7 @@ Result<std::vector<WordRow>> parseWordRows(std::string_view text) {
     row.yinbiao = fields[yinbiaoColumn];
     row.source = fields[sourceColumn];
     row.lemma = fields[lemmaColumn];
+    row.levels = fields[levelsColumn];
     row.gloss = unescaped(fields[glossColumn]);
     const std::string fault = rowFault(row, rows.empty() ? std::string_view() : rows.back().word);
     if (!fault.empty()) {

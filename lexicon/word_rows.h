@@ -16,6 +16,7 @@ struct WordRow {
   std::string_view source;   // where the Yinbiao comes from
   std::string_view lemma;    // of an inflected form
   std::uint32_t rank = 0;    // 1 is the most frequent word; 0: not ranked
+  std::string_view levels;   // the exams whose syllabus has the word
   std::string gloss;         // with line ends CR LF
 };
 

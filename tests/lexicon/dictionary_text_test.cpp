@@ -10,13 +10,17 @@ namespace voxilane {
 namespace {
 
 TEST(DictionaryText, HoldsTheFrequentFormsBetweenLinesThatNoWordMatches) {
-  const std::vector<WordRow> rows{
-      {"cat", "kAt", "ecdict", "", 9, "n. 猫\r\nn. 喵"}, {"cats", "kAts", "form", "cat", 0, ""},
-      {"don't", "dEunt", "contraction", "", 0, ""},      {"gloss only", "", "", "", 1, "只有解释"},
-      {"rare", "reE", "ecdict", "", 0, "稀有"},          {"zoo", "zu:", "ecdict", "", 2, "a|b"}};
-  EXPECT_EQ(dictionaryText(rows),
-            " !=|-|\r\ncat=|n.猫 n.喵|kAt\r\ncats=||kAts\r\ndon't=||dEunt\r\nzoo=|a/b|zu:\r\n"
-            "~ ~=|-|\r\n");
+  const std::vector<WordRow> rows{{"are", "B:", "ecdict", "", 0, "gk", ""},
+                                  {"cat", "kAt", "ecdict", "", 9, "", "n. 猫\r\nn. 喵"},
+                                  {"cats", "kAts", "form", "cat", 0, "", ""},
+                                  {"don't", "dEunt", "contraction", "", 0, "", ""},
+                                  {"gloss only", "", "", "", 1, "", "只有解释"},
+                                  {"rare", "reE", "ecdict", "", 0, "", "稀有"},
+                                  {"zoo", "zu:", "ecdict", "", 2, "", "a|b"}};
+  EXPECT_EQ(
+      dictionaryText(rows),
+      " !=|-|\r\nare=||B:\r\ncat=|n.猫 n.喵|kAt\r\ncats=||kAts\r\ndon't=||dEunt\r\nzoo=|a/b|zu:\r\n"
+      "~ ~=|-|\r\n");
 }
 
 TEST(DictionaryText, HasAsManyWordsAsTheListHoldsAndAllAreFound) {
@@ -25,10 +29,10 @@ TEST(DictionaryText, HasAsManyWordsAsTheListHoldsAndAllAreFound) {
   for (std::size_t i = 0; i <= room; ++i) words.push_back("w" + std::to_string(100000 + i));
   std::vector<WordRow> rows;
   for (std::size_t i = 0; i <= room; ++i) {
-    rows.push_back({words[i], "wE:d", "ecdict", "", static_cast<std::uint32_t>(i + 1), ""});
+    rows.push_back({words[i], "wE:d", "ecdict", "", static_cast<std::uint32_t>(i + 1), "", ""});
   }
   // A form of the most frequent word outdoes the rare words.
-  rows.push_back({"x-form", "fR:m", "form", words[0], 0, ""});
+  rows.push_back({"x-form", "fR:m", "form", words[0], 0, "", ""});
   const WordList list(dictionaryText(rows));
   EXPECT_EQ(list.ListCount(), WordList::maxEntries);
   EXPECT_FALSE(list.truncated());
@@ -45,7 +49,7 @@ TEST(DictionaryText, LosesNoWordWhateverTheSize) {
   for (char c = 'a'; c <= 'z'; ++c) words.emplace_back(1, c);
   std::vector<WordRow> rows;
   for (const std::string& word : words) {
-    rows.push_back({word, "bi:", "ecdict", "", 1, ""});
+    rows.push_back({word, "bi:", "ecdict", "", 1, "", ""});
     const WordList list(dictionaryText(rows));
     for (const WordRow& row : rows) {
       EXPECT_EQ(list.Wordlistsearch(row.word), "bi:") << row.word << " of " << rows.size();
