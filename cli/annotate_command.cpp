@@ -8,6 +8,7 @@
 #include "cli/annotator.h"
 #include "cli/commands.h"
 #include "cli/opened_stores.h"
+#include "core/text.h"
 
 namespace voxilane {
 namespace {
@@ -38,7 +39,7 @@ struct Document {
 };
 
 std::string formByEnding(const std::string& output) {
-  const std::string ending = std::filesystem::path(output).extension().string();
+  const std::string ending = lowerCased(std::filesystem::path(output).extension().string());
   if (ending == ".htm" || ending == ".html") return "html";
   if (ending == ".rtf" || ending == ".docx") return ending.substr(1);
   return "text";

@@ -2,23 +2,12 @@
 
 #include <optional>
 
-#include "annotation/layouts.h"
-#include "annotation/parameters.h"
-#include "annotation/transcriber.h"
+#include "cli/document_pass.h"
 #include "cli/progress_line.h"
-#include "cli/spelling.h"
 #include "platform/files.h"
 #include "platform/result.h"
 
 namespace voxilane {
-
-enum class OutputForm { text, html };
-
-struct AnnotationJob {
-  CanshuSet canshu;
-  OutputForm form = OutputForm::text;
-  Spelling spelling = Spelling::ipa;  // of transcriptions in text
-};
 
 struct AnnotationOutcome {
   bool hasLongParagraph = false;
