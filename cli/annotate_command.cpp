@@ -203,12 +203,15 @@ void addAnnotateCommand(CLI::App& app, Context& context) {
       "Example: voxilane-cli annotate story.txt --layout up --edition old -o story-ipa.txt");
   annotate->add_option("INPUT", options->inputs, "Text files; - or none is standard input");
   annotate->add_option("-o,--output", options->output, "A file, or a folder for several inputs");
-  annotate->add_option("--layout", options->layout)
+  annotate->add_option("--layout", options->layout, "Where transcriptions go")
       ->check(CLI::IsMember({"dangqian", "up", "down", "self", "word1", "word2", "ruby"}));
-  annotate->add_option("--edition", options->edition)
+  annotate
+      ->add_option("--edition", options->edition, "Notation: 15th edition, 13th, K.K., as stored")
       ->check(CLI::IsMember({"new", "old", "mei", "none"}));
-  annotate->add_option("--brackets", options->brackets)->check(bracketNames);
-  annotate->add_option("--separator", options->separator)->check(separatorNames);
+  annotate->add_option("--brackets", options->brackets, "Around transcriptions")
+      ->check(bracketNames);
+  annotate->add_option("--separator", options->separator, "Behind them: a blank or a line end")
+      ->check(separatorNames);
   annotate->add_option("--size", options->size, "Points of the transcription")
       ->check(CLI::Range(smallestSize, largestSize));
   annotate->add_option("--font", options->font, "Font of transcriptions in web pages")

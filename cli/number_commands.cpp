@@ -53,7 +53,8 @@ void addReading(CLI::App& app, Context& context, const std::string& name, const 
   CLI::App* command = app.add_subcommand(name, "Reads " + what + " out");
   command->footer("Example: voxilane-cli " + name + " " + example);
   command->add_option("TEXT", options->text)->required()->check(utf8Text);
-  command->add_option("--brackets", options->brackets)->check(bracketNames);
+  command->add_option("--brackets", options->brackets, "Around each piece of the reading")
+      ->check(bracketNames);
   command->add_flag("--runs", options->runs, "One line for each run of one colour");
   command->callback([&context, name, read, options] { runReading(context, name, read, *options); });
 }

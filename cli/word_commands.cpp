@@ -162,9 +162,12 @@ void addWordCommands(CLI::App& app, Context& context) {
       "mark", "What the command on a selected word writes: word, transcription, separator");
   mark->footer("Example: voxilane-cli mark apple --brackets slash --edition old");
   mark->add_option("WORD", options->words)->required()->expected(1)->check(utf8Text);
-  mark->add_option("--edition", options->edition)->check(editionNames);
-  mark->add_option("--brackets", options->brackets)->check(bracketNames);
-  mark->add_option("--separator", options->separator)->check(separatorNames);
+  mark->add_option("--edition", options->edition, "Notation: 15th edition, 13th, K.K.")
+      ->check(editionNames);
+  mark->add_option("--brackets", options->brackets, "Around the transcription")
+      ->check(bracketNames);
+  mark->add_option("--separator", options->separator, "Behind it: a blank or a line end")
+      ->check(separatorNames);
   mark->callback([&context, options] { runMark(context, *options); });
 
   CLI::App* lookup =
@@ -174,7 +177,8 @@ void addWordCommands(CLI::App& app, Context& context) {
       ->check(utf8Text);
   lookup->add_option("--chain", options->chain, "The order of the stores, by its user")
       ->check(CLI::IsMember({"selected", "dangqian", "self", "word", "aligned", "list", "data"}));
-  lookup->add_option("--edition", options->edition)->check(editionNames);
+  lookup->add_option("--edition", options->edition, "Notation; without, as stored")
+      ->check(editionNames);
   lookup->callback([&context, options] { runLookup(context, *options); });
 
   CLI::App* infer = app.add_subcommand("infer", "The word-form chain alone");
