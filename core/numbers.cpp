@@ -75,8 +75,8 @@ std::string headReading(std::string_view head, const Brackets& brackets) {
   }
 }
 
-// The integer part has `groups` whole groups of three digits behind its head. Colours alternate;
-// the head of a billion is red, any other blue, and a group of noughts writes nothing.
+// A head of one to three digits and up to three groups of three behind it. Colours alternate; the
+// head of a billion is red, any other blue, and a group of noughts writes nothing.
 void writeGroups(RunWriter& writer, std::string_view integer, const Brackets& brackets) {
   constexpr std::array<std::string_view, 4> words{"", "5WaJzEnd", "5mIljEn", "5bIljEn"};
   std::size_t groups = (integer.size() - 1) / 3;
