@@ -1,5 +1,6 @@
 #include "platform/sqlite/sqlite_library.h"
 
+#include <limits>
 #include <optional>
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -12,10 +13,11 @@ constexpr int lockWaitMilliseconds = 2000;
 // Room for a whole library of the delivered size, so that a page is read once. Filled as needed.
 constexpr const char* cachePragma = "pragma cache_size = -65536";
 
-// Rows come in row order: the index on `word` keeps equal words by row.
-constexpr const char* ipa13Query = "select ipa13 from word where word = ? order by rowid";
-constexpr const char* wordQuery = "select word from word where word = ? order by rowid";
-constexpr const char* glossQuery = "select sjieshi from wordqj where word = ? order by rowid";
+// Rows are put in order here: asking for them in order keeps SQLite from answering out of an index
+// that holds the value as well.
+constexpr const char* ipa13Query = "select ipa13, rowid from word where word = ?";
+constexpr const char* wordQuery = "select word, rowid from word where word = ?";
+constexpr const char* glossQuery = "select sjieshi, rowid from wordqj where word = ?";
 
 Error errorOf(const SQLite::Exception& exception) { return {exception.what()}; }
 
@@ -96,8 +98,14 @@ class SqliteLibrary : public LibraryDatabase {
       const std::string asked(word);
       lookup.bindNoCopy(1, asked);
       std::string value;
-      while (value.empty() && lookup.executeStep()) {
-        value = bytesOf(lookup.getColumn(0));
+      std::int64_t firstRow = std::numeric_limits<std::int64_t>::max();
+      while (lookup.executeStep()) {
+        const std::int64_t row = lookup.getColumn(1).getInt64();
+        const SQLite::Column column = lookup.getColumn(0);
+        if (row < firstRow && !bytesOf(column).empty()) {
+          value = bytesOf(column);
+          firstRow = row;
+        }
       }
       lookup.reset();
       return value;
