@@ -28,7 +28,6 @@ struct AnnotateOptions {
   std::string form;
   int size = 0;
   int jobs = 1;
-  bool progress = false;
 };
 
 // One document: where it comes from and where it goes. "-" and the empty output stand for the
@@ -114,9 +113,19 @@ std::string shownName(const Document& document) {
   return document.input == "-" ? "standard input" : document.input;
 }
 
+bool isSameFile(const std::string& a, const std::string& b) {
+  std::error_code none;
+  return std::filesystem::equivalent(a, b, none) && !none;
+}
+
 // Writes a document annotated, whole or not at all. The first failure is reported.
 void annotateDocument(Context& context, Annotator& annotator, const Document& document,
-                      bool showProgress) {
+                      bool toFolder) {
+  // A single document may be told to take its own place; in a folder that would be an accident.
+  if (toFolder && isSameFile(document.input, document.output)) {
+    context.fail(document.output, "is the input");
+    return;
+  }
   auto source = document.input == "-" ? Result(openStandardInput()) : openFile(document.input);
   if (!source) {
     context.fail(document.input, source.error().why);
@@ -128,17 +137,26 @@ void annotateDocument(Context& context, Annotator& annotator, const Document& do
     context.fail(outputName, sink.error().why);
     return;
   }
-  ProgressLine progress(shownName(document), showProgress);
+  ProgressLine progress(shownName(document), context.progress);
   const auto outcome = annotator.annotate(std::move(source.value()), *sink.value(), progress);
-  if (!outcome) {
-    context.fail(shownName(document), outcome.error().why);
-    return;
+  switch (outcome.failed) {
+    case FailedPart::input:
+      context.fail(shownName(document), outcome.why);
+      return;
+    case FailedPart::library:
+      context.fail(pathIn(context.home, libraryName), outcome.why);
+      return;
+    case FailedPart::output:
+      context.fail(outputName, outcome.why);
+      return;
+    case FailedPart::none:
+      break;
   }
   if (const Done done = sink.value()->commit(); !done) {
     context.fail(outputName, done.error().why);
     return;
   }
-  if (outcome.value().hasLongParagraph) {
+  if (outcome.hasLongParagraph) {
     context.note(shownName(document), longParagraphText);
   }
 }
@@ -158,7 +176,7 @@ void annotateAll(Context& context, const AnnotateOptions& options, const Annotat
     }
     Annotator annotator(job, {*list, *library});
     for (std::size_t i = next++; i < documents.size(); i = next++) {
-      annotateDocument(context, annotator, documents[i], options.progress);
+      annotateDocument(context, annotator, documents[i], isDirectory(options.output));
     }
   };
   std::vector<std::thread> workers;
@@ -196,13 +214,15 @@ void runAnnotate(Context& context, AnnotateOptions options) {
 
 void addAnnotateCommand(CLI::App& app, Context& context) {
   const auto options = std::make_shared<AnnotateOptions>();
-  options->progress = standardErrorIsTerminal();
   CLI::App* annotate = app.add_subcommand("annotate", "Annotates whole documents");
   annotate->footer(
       "What is not given comes from canshushezhi.txt.\n"
       "Example: voxilane-cli annotate story.txt --layout up --edition old -o story-ipa.txt");
   annotate->add_option("INPUT", options->inputs, "Text files; - or none is standard input");
-  annotate->add_option("-o,--output", options->output, "A file, or a folder for several inputs");
+  annotate->add_option("-o,--output", options->output, "A file, or a folder for several inputs")
+      ->check(CLI::Validator(
+          [](const std::string& path) { return path.empty() ? "has no name" : std::string(); },
+          ""));
   annotate->add_option("--layout", options->layout, "Where transcriptions go")
       ->check(CLI::IsMember({"dangqian", "up", "down", "self", "word1", "word2", "ruby"}));
   annotate
@@ -220,8 +240,6 @@ void addAnnotateCommand(CLI::App& app, Context& context) {
       ->check(CLI::IsMember({"text", "unicode", "rtf", "html", "docx"}));
   annotate->add_option("--jobs", options->jobs, "How many documents at once")
       ->check(CLI::Range(1, mostJobs));
-  annotate->add_flag("--progress,!--no-progress", options->progress,
-                     "A progress line for anything over a second");
   annotate->callback([&context, options] { runAnnotate(context, *options); });
 }
 

@@ -1,15 +1,20 @@
 #pragma once
 
+#include <memory>
 #include <optional>
+#include <string>
 
 #include "cli/document_pass.h"
 #include "cli/progress_line.h"
 #include "platform/files.h"
-#include "platform/result.h"
 
 namespace voxilane {
 
+enum class FailedPart { none, input, library, output };
+
 struct AnnotationOutcome {
+  FailedPart failed = FailedPart::none;
+  std::string why;  // of the failure
   bool hasLongParagraph = false;
 };
 
@@ -22,8 +27,8 @@ class Annotator {
 
   // Reads a document and writes it annotated. Text in the layouts dangqian, up and down is written
   // while it is read; everything else needs the whole document first. Nothing is committed.
-  Result<AnnotationOutcome> annotate(std::unique_ptr<ByteSource> source, ByteSink& sink,
-                                     ProgressLine& progress);
+  AnnotationOutcome annotate(std::unique_ptr<ByteSource> source, ByteSink& sink,
+                             ProgressLine& progress);
 
  private:
   AnnotationJob job_;

@@ -7,10 +7,14 @@ namespace voxilane {
 
 void Context::fail(std::string_view what, std::string_view why) {
   failed_ = true;
-  note(what, why);
+  print(what, why);
 }
 
 void Context::note(std::string_view what, std::string_view text) {
+  print("note: " + std::string(what), text);
+}
+
+void Context::print(std::string_view what, std::string_view text) {
   std::string line = "voxilane-cli: ";
   line.append(what).append(": ").append(text);
   std::replace_if(

@@ -17,6 +17,7 @@ class Context {
  public:
   std::string home;  // the program directory
   bool codes = false;
+  bool progress = false;  // whether to show a progress line
 
   // How transcriptions are printed.
   Spelling spelling() const { return codes ? Spelling::codes : Spelling::ipa; }
@@ -30,6 +31,8 @@ class Context {
   ExitStatus exitStatus() const { return failed_ ? exitFailed : exitDone; }
 
  private:
+  void print(std::string_view what, std::string_view text);
+
   std::mutex mutex_;
   std::atomic<bool> failed_ = false;
 };

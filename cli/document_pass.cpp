@@ -33,23 +33,20 @@ DocumentPass::DocumentPass(const AnnotationJob& job, std::optional<Layout> layou
                            Transcriber& transcribe, PassMonitor& monitor, ByteSink& sink)
     : job_(job), layout_(layout), transcribe_(transcribe), monitor_(monitor), out_(sink, monitor) {}
 
-void DocumentPass::add(std::u16string_view piece) {
+Done DocumentPass::add(std::u16string_view piece) {
   text_ += piece;
   blank_ = blank_ && isBlankDocument(piece);
-}
-
-bool DocumentPass::isRichText() const {
-  return std::u16string_view(text_).substr(0, richTextStart.size()) == richTextStart;
+  if (atBeginning_ && text_.size() >= richTextStart.size()) {
+    atBeginning_ = false;
+    if (std::u16string_view(text_).substr(0, richTextStart.size()) == richTextStart) {
+      return Error{"rich text cannot be read by this version"};
+    }
+  }
+  return std::monostate();
 }
 
 Done DocumentPass::writeReady() {
-  if (atBeginning_ && text_.size() < richTextStart.size()) {
-    return std::monostate();
-  }
-  if (std::exchange(atBeginning_, false) && isRichText()) {
-    return Error{"rich text cannot be read by this version"};
-  }
-  const std::size_t length = blank_ || job_.form != OutputForm::text ? 0 : readyLength();
+  const std::size_t length = mustWait() ? 0 : readyLength();
   if (length > 0) {
     const LibraryReading reading = transcribe_.beginPiece();
     annotate(std::u16string_view(text_).substr(0, length), TextEnd::continues);
@@ -71,6 +68,15 @@ Done DocumentPass::writeLast() {
   }
   out_.write();
   return out_.done();
+}
+
+bool DocumentPass::mustWait() const {
+  if (atBeginning_ || job_.form != OutputForm::text) {
+    return true;
+  }
+  // As long as there are only blanks the document may turn out to be one that no pass touches;
+  // where blanks come out as they are that makes no difference.
+  return blank_ && layout_ != Layout::dangqian;
 }
 
 std::size_t DocumentPass::readyLength() {

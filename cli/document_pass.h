@@ -30,8 +30,8 @@ class DocumentPass {
   DocumentPass(const AnnotationJob& job, std::optional<Layout> layout, Transcriber& transcribe,
                PassMonitor& monitor, ByteSink& sink);
 
-  // Takes the next piece of the text.
-  void add(std::u16string_view piece);
+  // Takes the next piece of the text. Fails when it cannot be treated as plain text.
+  Done add(std::u16string_view piece);
 
   // Annotates and writes what does not depend on what is still to come.
   Done writeReady();
@@ -42,7 +42,7 @@ class DocumentPass {
   bool hasLongParagraph() const { return hasLongParagraph_; }
 
  private:
-  bool isRichText() const;
+  bool mustWait() const;
   std::size_t readyLength();
   std::size_t wholeLinesLength();
   void annotate(std::u16string_view text, TextEnd textEnd);
@@ -61,7 +61,7 @@ class DocumentPass {
   OutputText out_;
   std::u16string text_;       // added and not yet written
   std::size_t searched_ = 0;  // how much of text_ holds no line end
-  bool atBeginning_ = true;
+  bool atBeginning_ = true;   // too little has come to tell what kind of text it is
   bool blank_ = true;
   bool hasLongParagraph_ = false;
 };

@@ -3,7 +3,6 @@
 #include "cli/commands.h"
 #include "cli/list_answers.h"
 #include "cli/opened_stores.h"
-#include "core/field_cipher.h"
 
 namespace voxilane {
 namespace {
@@ -85,7 +84,7 @@ void runCheck(Context& context) {
   }
   if (LibraryDatabase* const database = opened->library.database()) {
     const Done read = database->eachWord([&](std::string_view word, std::string_view ipa13) {
-      check.row("data", word, jiemiField(ipa13));
+      check.row("data", word, yinbiaoOfRow(ipa13));
     });
     if (!read) {
       context.fail(pathIn(context.home, libraryName), read.error().why);
@@ -93,7 +92,7 @@ void runCheck(Context& context) {
   }
   printText(context, check.lines());
   if (check.faults() > 0) {
-    context.fail("library check", std::to_string(check.faults()) + " rows break a rule");
+    context.fail("library check", "rows that break a rule: " + std::to_string(check.faults()));
   }
 }
 

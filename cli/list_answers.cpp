@@ -1,5 +1,6 @@
 #include "cli/list_answers.h"
 
+#include "cli/progress_line.h"
 #include "platform/text_reader.h"
 
 namespace voxilane {
@@ -55,6 +56,7 @@ class Answering {
 // side of the pipe is not kept waiting.
 Done answerStandardInput(Context& context, ByteSink& sink, Answering& answering) {
   TextReader reader(openStandardInput(), LineEnds::lf);
+  ProgressLine progress(std::string(standardInput), context.progress);
   std::string piece;
   for (;;) {
     if (reader.wouldWait()) {
@@ -72,6 +74,7 @@ Done answerStandardInput(Context& context, ByteSink& sink, Answering& answering)
     if (Done done = answering.lines(piece); !done) {
       return done;
     }
+    progress.progress(PassStage::reading, reader.bytesRead(), reader.size());
   }
 }
 

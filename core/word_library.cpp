@@ -22,6 +22,11 @@ std::optional<std::string> askedHeadword(std::string_view word) {
 
 }  // namespace
 
+std::string yinbiaoOfRow(std::string_view ipa13) {
+  std::string yinbiao = jiemiField(ipa13);
+  return isUtf8(yinbiao) ? yinbiao : toUtf8(toUtf16(yinbiao));
+}
+
 WordLibrary::WordLibrary(std::unique_ptr<LibraryDatabase> database)
     : database_(std::move(database)) {}
 
@@ -41,7 +46,7 @@ std::string WordLibrary::ask(Query query, const std::string& word) {
 
 std::string WordLibrary::Yinbiaofromdata(std::string_view word) {
   const auto asked = askedHeadword(word);
-  return asked ? jiemiField(ask(&LibraryDatabase::ipa13Of, *asked)) : std::string();
+  return asked ? yinbiaoOfRow(ask(&LibraryDatabase::ipa13Of, *asked)) : std::string();
 }
 
 std::string WordLibrary::Wordfromdata(std::string_view word) {
@@ -54,7 +59,7 @@ std::string WordLibrary::Jieshifromdata(std::string_view word) {
 }
 
 std::string WordLibrary::entryOf(std::string_view word) {
-  return jiemiField(ask(&LibraryDatabase::ipa13Of, lowerCased(trimBlanks(word))));
+  return yinbiaoOfRow(ask(&LibraryDatabase::ipa13Of, lowerCased(trimBlanks(word))));
 }
 
 std::optional<Error> WordLibrary::takeFault() { return std::exchange(fault_, std::nullopt); }

@@ -9,6 +9,10 @@
 
 namespace voxilane {
 
+// The Yinbiao of the enciphered bytes of a row. Bytes of a damaged row that are no text become
+// U+FFFD.
+std::string yinbiaoOfRow(std::string_view ipa13);
+
 // Lookups in the full library. Without a database (its file does not exist) every word is a miss.
 //
 // A word that holds a double quote is a miss in every lookup and never reaches the database.

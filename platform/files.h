@@ -57,7 +57,8 @@ class ByteSink {
 };
 
 // A new file beside the old one that takes its name on commit. A symbolic link is followed; what is
-// no regular file (a device, a pipe) is written to directly.
+// no regular file (a device, a pipe) is written to directly, and so is the file that
+// standard output goes to.
 Result<std::unique_ptr<ByteSink>> replaceFile(const std::string& path);
 std::unique_ptr<ByteSink> openStandardOutput();
 
@@ -67,6 +68,10 @@ Result<std::string> readFile(const std::string& path);
 bool fileExists(const std::string& path);
 bool isDirectory(const std::string& path);
 Done makeDirectory(const std::string& path);
+
+// To be called first in a program. A standard stream that is closed is made one that fails: another
+// file would else get its place, and be read or written as if it were the stream.
+void guardStandardStreams();
 
 // Whether something is written for a person who watches.
 bool standardErrorIsTerminal();

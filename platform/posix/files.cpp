@@ -178,6 +178,23 @@ mode_t permissionsFor(const std::string& path) {
   return 0666U & ~mask;
 }
 
+bool isStandardOutput(const struct stat& file) {
+  struct stat output {};
+  return ::fstat(STDOUT_FILENO, &output) == 0 && S_ISREG(output.st_mode) &&
+         output.st_dev == file.st_dev && output.st_ino == file.st_ino;
+}
+
+// Where a path leads, also when its last link leads to a file that is not there yet.
+std::filesystem::path withoutLinks(const std::filesystem::path& path) {
+  std::error_code none;
+  const auto whole = std::filesystem::canonical(path, none);
+  if (!none) {
+    return whole;
+  }
+  const auto link = std::filesystem::read_symlink(path, none);
+  return none ? path : path.parent_path() / link;
+}
+
 Result<std::unique_ptr<ByteSink>> openDirectly(const std::string& path) {
   const int descriptor = ::open(path.c_str(), O_WRONLY | O_CLOEXEC);
   if (descriptor < 0) {
@@ -209,14 +226,15 @@ std::unique_ptr<ByteSink> openStandardOutput() {
 
 Result<std::unique_ptr<ByteSink>> replaceFile(const std::string& path) {
   struct stat status {};
-  if (::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
-    return openDirectly(path);
+  if (::stat(path.c_str(), &status) == 0) {
+    if (isStandardOutput(status)) {
+      return openStandardOutput();
+    }
+    if (!S_ISREG(status.st_mode)) {
+      return openDirectly(path);
+    }
   }
-  std::error_code unresolved;
-  std::filesystem::path target = std::filesystem::canonical(path, unresolved);
-  if (unresolved) {
-    target = path;
-  }
+  const std::filesystem::path target = withoutLinks(path);
   const auto pattern = target.parent_path() / ("." + target.filename().string() + ".XXXXXX");
   std::string temporaryPath = pattern.string();
   const mode_t permissions = permissionsFor(target.string());
@@ -266,6 +284,15 @@ Done makeDirectory(const std::string& path) {
     return systemError();
   }
   return std::monostate();
+}
+
+void guardStandardStreams() {
+  // Descriptors are given out from the lowest free number on.
+  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (::fcntl(stream, F_GETFD) < 0) {
+      (void)::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    }
+  }
 }
 
 bool standardErrorIsTerminal() { return ::isatty(STDERR_FILENO) == 1; }

@@ -12,7 +12,10 @@ class LineEndNormaliser {
   explicit LineEndNormaliser(std::u16string_view lineEnd) : lineEnd_(lineEnd) {}
 
   void append(std::u16string& out, std::u16string_view part) {
-    if (afterReturn_ && !part.empty() && part.front() == u'\n') {
+    if (part.empty()) {
+      return;
+    }
+    if (afterReturn_ && part.front() == u'\n') {
       part.remove_prefix(1);
     }
     afterReturn_ = false;

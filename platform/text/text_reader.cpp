@@ -36,23 +36,22 @@ class TextReader::Implementation {
 
   Result<bool> read(std::u16string& piece) {
     piece.clear();
+    if (fault_) {
+      return *fault_;
+    }
     if (bytesRead_ == 0 && !ended_) {
       if (Done looked = lookAtWholeFile(); !looked) {
         return looked.error();
       }
     }
     while (piece.empty() && !ended_) {
-      if (Done done = readBlock(); !done) {
-        return done.error();
-      }
-      if (Done done = decoder_ ? Done(std::monostate()) : recognise(); !done) {
-        return done.error();
-      }
-      if (Done done = decodeBytes(piece); !done) {
-        return done.error();
+      if (Done done = readPiece(piece); !done) {
+        fault_ = done.error();
+        break;
       }
     }
-    return !piece.empty();
+    // What came before a fault is still given; the fault is what comes next.
+    return piece.empty() && fault_ ? Result<bool>(*fault_) : Result<bool>(!piece.empty());
   }
 
   bool wouldWait() { return !source_->waitForInput(0); }
@@ -71,6 +70,16 @@ class TextReader::Implementation {
     bytesRead_ += count.value();
     ended_ = count.value() == 0;
     return std::monostate();
+  }
+
+  Done readPiece(std::u16string& piece) {
+    if (Done done = readBlock(); !done) {
+      return done;
+    }
+    if (Done done = decoder_ ? Done(std::monostate()) : recognise(); !done) {
+      return done;
+    }
+    return decodeBytes(piece);
   }
 
   // A file can be read twice, so all of it decides.
@@ -135,19 +144,21 @@ class TextReader::Implementation {
 
   Done decodeBytes(std::u16string& piece) {
     decoded_.clear();
+    Done done = std::monostate();
     if (decoder_) {
-      if (Done done = decoder_->append(decoded_, bytes_, ended_); !done) {
-        return done;
-      }
+      done = decoder_->append(decoded_, bytes_, ended_);
     } else {
       decoded_.assign(bytes_.begin(), bytes_.end());
     }
     bytes_.clear();
-    if (decoded_.find(u'\0') != std::u16string::npos) {
-      return Error{"not a text: it holds a NUL character"};
+    const auto nul = decoded_.find(u'\0');
+    if (nul != std::u16string::npos) {
+      decoded_.resize(nul);
+      done = Error{"not a text: character " + std::to_string(characters_ + nul + 1) + " is NUL"};
     }
+    characters_ += decoded_.size();
     lineEnds_.append(piece, decoded_);
-    return std::monostate();
+    return done;
   }
 
   std::unique_ptr<ByteSource> source_;
@@ -156,7 +167,9 @@ class TextReader::Implementation {
   std::string bytes_;       // read and not yet decoded
   std::u16string decoded_;  // kept for its memory
   std::uint64_t bytesRead_ = 0;
+  std::uint64_t characters_ = 0;
   bool ended_ = false;
+  std::optional<Error> fault_;
 };
 
 TextReader::TextReader(std::unique_ptr<ByteSource> source, LineEnds lineEnds)

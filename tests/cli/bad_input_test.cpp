@@ -55,10 +55,49 @@ TEST_F(BadInputTest, IsReportedInOneLineAndChangesNoFile) {
   }
 }
 
-TEST_F(BadInputTest, AFullDiskIsAFailure) {
-  const Outcome outcome = shell("echo cat | $V --home $T annotate >/dev/full");
+TEST_F(BadInputTest, AStreamThatFailsIsNamed) {
+  struct Case {
+    std::string script;
+    std::string named;
+  };
+  const std::vector<Case> cases{
+      {"echo cat | $V --home $T annotate >/dev/full", "standard output"},
+      {"yes cat | head -c 300000 | $V --home $T annotate >/dev/full", "standard output"},
+      {"$V --version >/dev/full", "standard output"},
+      {"echo cat | $V --home $T lookup >&-", "standard output"},
+      {"$V --home $T annotate <&-", "standard input"},
+      {"$V --home $T lookup <&-", "standard input"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.script);
+    const Outcome outcome = shell(c.script);
+    EXPECT_EQ(outcome.status, 1);
+    expectOneLine(outcome.err);
+    EXPECT_EQ(outcome.err.substr(14, c.named.size()), c.named);
+  }
+}
+
+TEST_F(BadInputTest, LinesBeforeABadOneAreAnswered) {
+  const Outcome outcome = run("--codes lookup", std::string("cat\ndog\n\0\n", 10));
   EXPECT_EQ(outcome.status, 1);
-  expectOneLine(outcome.err);
+  EXPECT_EQ(outcome.out, "cat\tkAt\tlist\ndog\tdRg\tlist\n");
+}
+
+TEST_F(BadInputTest, NothingIsWrittenOverThatWasNotMeant) {
+  directory.write("a.txt", "cat");
+  directory.write("b.txt", "dog");
+  EXPECT_EQ(run("annotate $T/a.txt $T/b.txt -o $T").status, 1);
+  EXPECT_EQ(directory.read("a.txt"), "cat");
+  EXPECT_EQ(shell("{ echo head; $V --home $T --codes annotate --layout dangqian $T/a.txt "
+                  "-o /dev/stdout; } >$T/both")
+                .status,
+            0);
+  EXPECT_EQ(directory.read("both"), "head\ncat kAt  ");
+  EXPECT_EQ(shell("ln -s target $T/link; $V --home $T --codes annotate --layout self $T/a.txt "
+                  "-o $T/link")
+                .status,
+            0);
+  EXPECT_EQ(directory.read("target"), "cat\n kAt ");
 }
 
 TEST_F(BadInputTest, ABrokenLibraryStopsBeforeAnyOutput) {

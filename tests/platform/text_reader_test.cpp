@@ -99,6 +99,29 @@ TEST(TextReaderTest, ASplitAnywhereChangesNothing) {
   }
 }
 
+TEST(TextReaderTest, SingleBytesAreEnough) {
+  for (const std::string& bytes :
+       {sample, toCodePage(sample), "\xFF\xFE" + utf16Bytes(toUtf16(sample), false),
+        "\xFE\xFF" + utf16Bytes(toUtf16(sample), true)}) {
+    std::vector<std::string> parts;
+    for (const char byte : bytes) {
+      parts.emplace_back(1, byte);
+    }
+    EXPECT_EQ(readParts(parts, false), expected);
+  }
+}
+
+TEST(TextReaderTest, WhatComesBeforeAFaultIsGiven) {
+  for (const std::string& fault : {std::string("\0", 1), std::string("\xFF\xFF")}) {
+    TextReader reader(
+        std::make_unique<PartsSource>(std::vector<std::string>{"cat\n" + fault + "dog\n"}, false),
+        LineEnds::lf);
+    std::string failure;
+    EXPECT_EQ(readAll(reader, failure), "cat\n");
+    EXPECT_NE(failure, "");
+  }
+}
+
 TEST(TextReaderTest, AFileIsRecognisedWholeAndAPipeByItsBeginning) {
   const std::string ascii(100'000, 'a');
   const std::string chinese = toCodePage("\xE4\xB8\xAD");
