@@ -187,7 +187,7 @@ bool isStandardOutput(const struct stat& file) {
 // Where a path leads, also when its last link leads to a file that is not there yet.
 std::filesystem::path withoutLinks(const std::filesystem::path& path) {
   std::error_code none;
-  const auto whole = std::filesystem::canonical(path, none);
+  auto whole = std::filesystem::canonical(path, none);
   if (!none) {
     return whole;
   }
