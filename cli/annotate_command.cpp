@@ -201,6 +201,10 @@ void runAnnotate(Context& context, AnnotateOptions options) {
     context.fail("annotate", missing);
     return;
   }
+  if (!layoutNamed(job.canshu.canshu4)) {
+    context.note(pathIn(context.home, parametersName),
+                 "no layout " + job.canshu.canshu4 + ": documents come out as they are");
+  }
   if (documents.size() > 1 && !isDirectory(options.output)) {
     if (const Done made = makeDirectory(options.output); !made) {
       context.fail(options.output, made.error().why);
