@@ -76,6 +76,16 @@ TEST_F(AnnotateTest, StreamsAreAnnotatedLikeFiles) {
   }
 }
 
+// A document that begins with many blanks: in the layouts of lines they must wait for the first
+// word.
+TEST_F(AnnotateTest, BlanksBeforeTheFirstWordAreKept) {
+  const std::string blanks(200'000, ' ');
+  EXPECT_EQ(output("--codes annotate --layout dangqian", blanks + "cat"), blanks + "cat kAt  ");
+  const std::string lines =
+      output("--codes annotate --layout down", blanks + "\r\n" + blanks + "cat");
+  EXPECT_EQ(lines.substr(0, blanks.size() + 9), blanks + "cat     \n");
+}
+
 TEST_F(AnnotateTest, SeveralInputsGoToAFolder) {
   directory.write("a.txt", "cat");
   directory.write("b.md", "dog");

@@ -14,6 +14,11 @@ namespace {
 
 using Asked = std::vector<std::string>;
 
+TEST(YinbiaoOfRow, IsTextWhateverTheRowHolds) {
+  EXPECT_EQ(yinbiaoOfRow(jiamiField("kAt")), "kAt");
+  EXPECT_EQ(yinbiaoOfRow(jiamiField("k\xFFt")), "k\xEF\xBF\xBDt");
+}
+
 TEST(FieldCipher, FirstCharacterMeetsTheSecondLetterOfTheKey) {
   EXPECT_EQ(jiamiField("abcd"), "\x0C\x14\x12\x09");
   EXPECT_EQ(jiamiField("mvqm"), std::string(4, '\0'));
