@@ -30,24 +30,4 @@ class PassMonitor {
   virtual void progress(PassStage /*stage*/, std::size_t /*done*/, std::size_t /*total*/) {}
 };
 
-// Passes a walk's progress on once in a few thousand positions.
-class ProgressReporter {
- public:
-  ProgressReporter(PassMonitor& monitor, std::size_t total) : monitor_(monitor), total_(total) {}
-
-  void at(std::size_t position) {
-    if (position >= next_) {
-      monitor_.progress(PassStage::reading, position, total_);
-      next_ = position + interval;
-    }
-  }
-
- private:
-  static constexpr std::size_t interval = 4096;
-
-  PassMonitor& monitor_;
-  std::size_t total_;
-  std::size_t next_ = interval;
-};
-
 }  // namespace voxilane

@@ -9,6 +9,7 @@ namespace voxilane {
 namespace {
 
 constexpr std::size_t reach = 20;  // the most letters of a word
+constexpr std::size_t reportInterval = 4096;
 
 // What ends a word that stands at the very end of the document.
 constexpr std::u16string_view endBlanks = u"  ";
@@ -24,11 +25,14 @@ std::size_t letterRunEnd(std::u16string_view text, std::size_t from) {
 class Scan {
  public:
   Scan(Transcriber& transcribe, PassMonitor& monitor, std::size_t total)
-      : transcribe_(transcribe), monitor_(monitor), progress_(monitor, total) {}
+      : transcribe_(transcribe), monitor_(monitor), total_(total) {}
 
   // Whether to go on with the character at a position.
   bool goesOnAt(std::size_t position) {
-    progress_.at(position);
+    if (position >= nextReport_) {
+      monitor_.progress(PassStage::reading, position, total_);
+      nextReport_ = position + reportInterval;
+    }
     return monitor_.keepRecognising;
   }
 
@@ -49,7 +53,8 @@ class Scan {
  private:
   Transcriber& transcribe_;
   PassMonitor& monitor_;
-  ProgressReporter progress_;
+  std::size_t total_;
+  std::size_t nextReport_ = reportInterval;
   std::string word_;
   Recognition found_;
 };

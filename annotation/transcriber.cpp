@@ -1,6 +1,7 @@
 #include "annotation/transcriber.h"
 
 namespace voxilane {
+
 Transcriber::Transcriber(const Stores& stores, const LookupChain& chain,
                          std::optional<Edition> edition)
     : stores_(stores), chain_(chain), edition_(edition) {}

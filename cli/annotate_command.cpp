@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <set>
 #include <thread>
@@ -168,24 +169,28 @@ void annotateAll(Context& context, const AnnotateOptions& options, const Annotat
   if (!list) {
     return;
   }
-  std::atomic<std::size_t> next = 0;
-  const auto work = [&] {
+  const std::size_t count =
+      std::min<std::size_t>(static_cast<std::size_t>(options.jobs), documents.size());
+  std::vector<WordLibrary> libraries;
+  while (libraries.size() < count) {
     auto library = openedLibrary(context, LibraryTables::words);
     if (!library) {
       return;
     }
-    Annotator annotator(job, {*list, *library});
+    libraries.push_back(std::move(*library));
+  }
+  std::atomic<std::size_t> next = 0;
+  const auto work = [&](WordLibrary& library) {
+    Annotator annotator(job, {*list, library});
     for (std::size_t i = next++; i < documents.size(); i = next++) {
       annotateDocument(context, annotator, documents[i], isDirectory(options.output));
     }
   };
   std::vector<std::thread> workers;
-  const std::size_t count =
-      std::min<std::size_t>(static_cast<std::size_t>(options.jobs), documents.size());
   while (workers.size() + 1 < count) {
-    workers.emplace_back(work);
+    workers.emplace_back(work, std::ref(libraries[workers.size() + 1]));
   }
-  work();
+  work(libraries.front());
   for (std::thread& worker : workers) {
     worker.join();
   }

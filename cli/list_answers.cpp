@@ -66,9 +66,11 @@ Done answerStandardInput(Context& context, ByteSink& sink, Answering& answering)
     }
     const auto more = reader.read(piece);
     if (!more) {
+      // What stands behind the last line end is no whole item.
       context.fail(standardInput, more.error().why);
+      return std::monostate();
     }
-    if (!more || !more.value()) {
+    if (!more.value()) {
       return answering.lastLine();
     }
     if (Done done = answering.lines(piece); !done) {

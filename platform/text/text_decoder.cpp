@@ -8,35 +8,28 @@ namespace {
 
 constexpr char16_t mark = u'\uFEFF';
 
-const char* converterName(Encoding encoding) {
-  switch (encoding) {
-    case Encoding::utf8:
-      return "UTF-8";
-    case Encoding::utf16:
-      return "UTF-16";
-    case Encoding::codePage:
-      break;
-  }
-  return codePageName;
-}
+struct EncodingNames {
+  const char* converter;  // ICU's
+  const char* shown;      // in errors
+};
 
-std::string_view encodingName(Encoding encoding) {
+EncodingNames namesOf(Encoding encoding) {
   switch (encoding) {
     case Encoding::utf8:
-      return "UTF-8";
+      return {"UTF-8", "UTF-8"};
     case Encoding::utf16:
-      return "UTF-16";
+      return {"UTF-16", "UTF-16"};
     case Encoding::codePage:
       break;
   }
-  return "UTF-8 or GB18030";
+  return {codePageName, "UTF-8 or GB18030"};
 }
 
 }  // namespace
 
 TextDecoder::TextDecoder(Encoding encoding, std::uint64_t offset)
     : encoding_(encoding),
-      converter_(openConverter(converterName(encoding))),
+      converter_(openConverter(namesOf(encoding).converter)),
       decoded_(offset),
       atBeginning_(offset == 0) {
   UErrorCode status = U_ZERO_ERROR;
@@ -82,8 +75,8 @@ Error TextDecoder::errorAt(std::size_t consumed) const {
     std::snprintf(hex.data(), hex.size(), " %02X", static_cast<unsigned char>(byte));
     shown += hex.data();
   }
-  return {"not " + std::string(encodingName(encoding_)) + " text: bytes" + shown + " before byte " +
-          std::to_string(decoded_ + consumed + 1)};
+  return {"not " + std::string(namesOf(encoding_).shown) + " text: bytes" + shown +
+          " before byte " + std::to_string(decoded_ + consumed + 1)};
 }
 
 }  // namespace voxilane

@@ -78,7 +78,7 @@ TEST_F(BadInputTest, AStreamThatFailsIsNamed) {
 }
 
 TEST_F(BadInputTest, LinesBeforeABadOneAreAnswered) {
-  const Outcome outcome = run("--codes lookup", std::string("cat\ndog\n\0\n", 10));
+  const Outcome outcome = run("--codes lookup", std::string("cat\ndog\nrun\0\n", 13));
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.out, "cat\tkAt\tlist\ndog\tdRg\tlist\n");
 }
@@ -105,6 +105,7 @@ TEST_F(BadInputTest, ABrokenLibraryStopsBeforeAnyOutput) {
     std::string name;
     std::string breaking;
   };
+  ASSERT_EQ(shell("echo cat >$T/a.txt; echo dog >$T/b.txt").status, 0);
   const std::vector<Case> cases{
       {"no database", "echo rubbish >$T/data.dat"},
       {"empty", ": >$T/data.dat"},
@@ -118,10 +119,13 @@ TEST_F(BadInputTest, ABrokenLibraryStopsBeforeAnyOutput) {
         shell("cp -r $T/data.dat $T/data.keep; cp $T/dictionary.txt $T/list.keep; " + c.breaking)
             .status,
         0);
-    const Outcome outcome = run("annotate --layout up", "unheardof zzz");
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.out, "");
-    expectOneLine(outcome.err);
+    for (const std::string call :
+         {"annotate --layout up", "annotate $T/a.txt $T/b.txt --jobs 2 -o $T/o"}) {
+      const Outcome outcome = run(call, "unheardof zzz");
+      EXPECT_EQ(outcome.status, 1);
+      EXPECT_EQ(outcome.out, "");
+      expectOneLine(outcome.err);
+    }
     ASSERT_EQ(shell("rm -rf $T/data.dat; mv $T/data.keep $T/data.dat; "
                     "mv $T/list.keep $T/dictionary.txt")
                   .status,
