@@ -3,15 +3,10 @@
 #include <limits>
 #include <optional>
 
-#include <SQLiteCpp/SQLiteCpp.h>
+#include "platform/sqlite/connection.h"
 
 namespace voxilane {
 namespace {
-
-constexpr int lockWaitMilliseconds = 2000;
-
-// Room for a whole library of the delivered size, so that a page is read once. Filled as needed.
-constexpr const char* cachePragma = "pragma cache_size = -65536";
 
 // Rows are put in order here: asking for them in order keeps SQLite from answering out of an index
 // that holds the value as well.
@@ -19,19 +14,10 @@ constexpr const char* ipa13Query = "select ipa13, rowid from word where word = ?
 constexpr const char* wordQuery = "select word, rowid from word where word = ?";
 constexpr const char* glossQuery = "select sjieshi, rowid from wordqj where word = ?";
 
-Error errorOf(const SQLite::Exception& exception) { return {exception.what()}; }
-
-// A column's bytes, whatever its type. Valid until the statement moves on.
-std::string_view bytesOf(const SQLite::Column& column) {
-  // The pointer must be asked for before the size: a number becomes text on the way.
-  const void* const bytes = column.getBlob();
-  return {static_cast<const char*>(bytes), static_cast<std::size_t>(column.getBytes())};
-}
-
 class SqliteLibrary : public LibraryDatabase {
  public:
   explicit SqliteLibrary(const std::string& path)
-      : database_(path, SQLite::OPEN_READONLY | SQLite::OPEN_NOMUTEX, lockWaitMilliseconds) {
+      : database_(path, openFlags, lockWaitMilliseconds) {
     database_.exec(cachePragma);
   }
 

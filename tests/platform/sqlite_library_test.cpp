@@ -73,6 +73,20 @@ TEST_F(SqliteLibraryTest, ALockedLibraryIsAnErrorOnOpeningAndInALookup) {
   EXPECT_TRUE(library->ipa13Of("cat"));
 }
 
+TEST_F(SqliteLibraryTest, WhatAKilledWriterHadBegunDoesNotCount) {
+  writer.exec("insert into word values('cat', x'41')");
+  writer.exec("pragma cache_size = 1; begin");
+  // More than the cache holds, so that changes are in the file before they are committed.
+  writer.exec("update word set ipa13 = x'42'; insert into wordqj values('cat', zeroblob(1000000))");
+  const TemporaryDirectory killed;
+  killed.write("data.dat", directory.read("data.dat"));
+  killed.write("data.dat-journal", directory.read("data.dat-journal"));
+  const auto library = openSqliteLibrary(killed / "data.dat", LibraryTables::both);
+  ASSERT_TRUE(library);
+  EXPECT_EQ(library.value()->ipa13Of("cat").value(), "A");
+  EXPECT_EQ(library.value()->glossCount().value(), 0U);
+}
+
 TEST_F(SqliteLibraryTest, OnlyTheTablesThatAreNeededMustBeThere) {
   writer.exec("drop table wordqj");
   EXPECT_TRUE(openSqliteLibrary(path, LibraryTables::words));
