@@ -67,6 +67,9 @@ Result<std::string> readFile(const std::string& path);
 
 bool fileExists(const std::string& path);
 bool isDirectory(const std::string& path);
+
+// Whether two paths lead to the same file; false when one of them leads nowhere.
+bool isSameFile(const std::string& a, const std::string& b);
 Done makeDirectory(const std::string& path);
 
 // To be called first in a program. A standard stream that is closed is made one that fails: another

@@ -279,6 +279,11 @@ bool isDirectory(const std::string& path) {
   return ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
+bool isSameFile(const std::string& a, const std::string& b) {
+  std::error_code none;
+  return std::filesystem::equivalent(a, b, none) && !none;
+}
+
 Done makeDirectory(const std::string& path) {
   if (::mkdir(path.c_str(), 0777) != 0 && !isDirectory(path)) {
     return systemError();
