@@ -14,8 +14,7 @@ std::string readableCodes(Context& context, std::string_view item, const IpaRead
   if (!reading.fault) {
     return reading.codes;
   }
-  context.fail(item, "cannot read '" + reading.fault->symbol + "' at character " +
-                         std::to_string(reading.fault->position));
+  context.fail(item, faultText(*reading.fault));
   return {};
 }
 

@@ -150,6 +150,10 @@ void appendIpa(std::string& out, std::string_view yinbiao) {
   out.resize(static_cast<std::size_t>(to - out.data()));
 }
 
+std::string faultText(const IpaFault& fault) {
+  return "cannot read '" + fault.symbol + "' at character " + std::to_string(fault.position);
+}
+
 IpaReading ipaToCode(std::string_view ipa) {
   IpaReading reading;
   std::size_t position = 1;

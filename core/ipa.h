@@ -18,6 +18,9 @@ struct IpaFault {
   std::string symbol;    // the character that cannot be read, UTF-8
 };
 
+// The fault in a few words of English.
+std::string faultText(const IpaFault& fault);
+
 struct IpaReading {
   std::string codes;  // as far as it could be read
   std::optional<IpaFault> fault;

@@ -1,6 +1,8 @@
-// dictionary.txt, canshushezhi.txt and words.tsv with any bytes in them.
+// dictionary.txt, canshushezhi.txt, words.tsv and the library's text form with any bytes in them.
 
 #include "annotation/parameters.h"
+#include "core/library_text.h"
+#include "core/storable_yinbiao.h"
 #include "core/text.h"
 #include "core/word_forms.h"
 #include "fuzz/input.h"
@@ -28,6 +30,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   require(again.canshu9 == canshu.canshu9 && again.canshu6 == canshu.canshu6);
 
   (void)parseWordRows(bytes);
+  (void)storableYinbiao(bytes);
+  std::string line;
+  appendLibraryLine(line, bytes, "kAt", bytes);
+  line.pop_back();
+  const auto fields = parseLibraryLine(line);
+  require(fields && fields.value().word == bytes && fields.value().gloss == bytes);
+  (void)parseLibraryLine(bytes);
   (void)shortGloss(text);
   return 0;
 }
