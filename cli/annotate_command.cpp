@@ -9,6 +9,7 @@
 #include "cli/annotator.h"
 #include "cli/commands.h"
 #include "cli/opened_stores.h"
+#include "cli/streams.h"
 #include "core/text.h"
 
 namespace voxilane {
@@ -31,8 +32,7 @@ struct AnnotateOptions {
   int jobs = 1;
 };
 
-// One document: where it comes from and where it goes. "-" and the empty output stand for the
-// standard streams.
+// One document: where it comes from and where it goes.
 struct Document {
   std::string input;
   std::string output;
@@ -94,7 +94,7 @@ std::vector<Document> documentsOf(const AnnotateOptions& options) {
   std::set<std::string> outputs;
   for (const std::string& input : inputs) {
     if (!toFolder) {
-      return {{input, options.output == "-" ? "" : options.output}};
+      return {{input, options.output}};
     }
     if (input == "-") {
       throw CLI::ValidationError("standard input has no name to take into a folder");
@@ -110,15 +110,6 @@ std::vector<Document> documentsOf(const AnnotateOptions& options) {
   return documents;
 }
 
-std::string shownName(const Document& document) {
-  return document.input == "-" ? "standard input" : document.input;
-}
-
-bool isSameFile(const std::string& a, const std::string& b) {
-  std::error_code none;
-  return std::filesystem::equivalent(a, b, none) && !none;
-}
-
 // Writes a document annotated, whole or not at all. The first failure is reported.
 void annotateDocument(Context& context, Annotator& annotator, const Document& document,
                       bool toFolder) {
@@ -127,38 +118,37 @@ void annotateDocument(Context& context, Annotator& annotator, const Document& do
     context.fail(document.output, "is the input");
     return;
   }
-  auto source = document.input == "-" ? Result(openStandardInput()) : openFile(document.input);
+  auto source = openInput(document.input);
   if (!source) {
     context.fail(document.input, source.error().why);
     return;
   }
-  auto sink = document.output.empty() ? Result(openStandardOutput()) : replaceFile(document.output);
-  const std::string outputName = document.output.empty() ? "standard output" : document.output;
+  auto sink = openOutput(document.output);
   if (!sink) {
-    context.fail(outputName, sink.error().why);
+    context.fail(outputName(document.output), sink.error().why);
     return;
   }
-  ProgressLine progress(shownName(document), context.progress);
+  ProgressLine progress(inputName(document.input), context.progress);
   const auto outcome = annotator.annotate(std::move(source.value()), *sink.value(), progress);
   switch (outcome.failed) {
     case FailedPart::input:
-      context.fail(shownName(document), outcome.why);
+      context.fail(inputName(document.input), outcome.why);
       return;
     case FailedPart::library:
       context.fail(pathIn(context.home, libraryName), outcome.why);
       return;
     case FailedPart::output:
-      context.fail(outputName, outcome.why);
+      context.fail(outputName(document.output), outcome.why);
       return;
     case FailedPart::none:
       break;
   }
   if (const Done done = sink.value()->commit(); !done) {
-    context.fail(outputName, done.error().why);
+    context.fail(outputName(document.output), done.error().why);
     return;
   }
   if (outcome.hasLongParagraph) {
-    context.note(shownName(document), longParagraphText);
+    context.note(inputName(document.input), longParagraphText);
   }
 }
 
@@ -229,9 +219,7 @@ void addAnnotateCommand(CLI::App& app, Context& context) {
       "Example: voxilane-cli annotate story.txt --layout up --edition old -o story-ipa.txt");
   annotate->add_option("INPUT", options->inputs, "Text files; - or none is standard input");
   annotate->add_option("-o,--output", options->output, "A file, or a folder for several inputs")
-      ->check(CLI::Validator(
-          [](const std::string& path) { return path.empty() ? "has no name" : std::string(); },
-          ""));
+      ->check(fileName);
   annotate->add_option("--layout", options->layout, "Where transcriptions go")
       ->check(CLI::IsMember({"dangqian", "up", "down", "self", "word1", "word2", "ruby"}));
   annotate

@@ -7,6 +7,9 @@ namespace voxilane {
 const CLI::Validator utf8Text(
     [](const std::string& text) { return isUtf8(text) ? std::string() : "not UTF-8 text"; }, "");
 
+const CLI::Validator fileName(
+    [](const std::string& name) { return name.empty() ? "has no name" : std::string(); }, "");
+
 const CLI::IsMember editionNames({"new", "old", "mei"});
 const CLI::IsMember bracketNames({"slash", "square", "none"});
 const CLI::IsMember separatorNames({"kongge", "huiche"});

@@ -17,10 +17,16 @@ void addAnnotateCommand(CLI::App& app, Context& context);
 void addWordCommands(CLI::App& app, Context& context);      // mark, lookup, infer, explain
 void addNotationCommands(CLI::App& app, Context& context);  // convert, syllables
 void addNumberCommands(CLI::App& app, Context& context);    // number, year, phone
-void addLibraryCommands(CLI::App& app, Context& context);   // library info, get, check
+void addLibraryCommands(CLI::App& app, Context& context);   // library info, get, check, ...
+
+// The library commands that read and write its text form: import, export.
+void addLibraryTextCommands(CLI::App& library, Context& context);
 
 // Refuses an argument that is not UTF-8.
 extern const CLI::Validator utf8Text;
+
+// Refuses the empty name of a file.
+extern const CLI::Validator fileName;
 
 // Option groups that several commands have.
 extern const CLI::IsMember editionNames;    // new, old, mei

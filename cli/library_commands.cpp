@@ -99,7 +99,7 @@ void runCheck(Context& context) {
 }  // namespace
 
 void addLibraryCommands(CLI::App& app, Context& context) {
-  CLI::App* library = app.add_subcommand("library", "Looks at the word library");
+  CLI::App* library = app.add_subcommand("library", "Looks at the word library and keeps it");
   library->footer("Example: voxilane-cli library info");
   library->require_subcommand(1);
 
@@ -116,6 +116,8 @@ void addLibraryCommands(CLI::App& app, Context& context) {
   CLI::App* check = library->add_subcommand("check", "Prints rows that break the notation");
   check->footer("Example: voxilane-cli library check");
   check->callback([&context] { runCheck(context); });
+
+  addLibraryTextCommands(*library, context);
 }
 
 }  // namespace voxilane

@@ -1,13 +1,11 @@
 #include "cli/list_answers.h"
 
 #include "cli/progress_line.h"
+#include "cli/streams.h"
 #include "platform/text_reader.h"
 
 namespace voxilane {
 namespace {
-
-constexpr std::string_view standardOutput = "standard output";
-constexpr std::string_view standardInput = "standard input";
 
 // Answers one item after the other into a sink.
 class Answering {
@@ -56,7 +54,7 @@ class Answering {
 // side of the pipe is not kept waiting.
 Done answerStandardInput(Context& context, ByteSink& sink, Answering& answering) {
   TextReader reader(openStandardInput(), LineEnds::lf);
-  ProgressLine progress(std::string(standardInput), context.progress);
+  ProgressLine progress(standardInput, context.progress);
   std::string piece;
   for (;;) {
     if (reader.wouldWait()) {

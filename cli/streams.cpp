@@ -1,0 +1,26 @@
+#include "cli/streams.h"
+
+namespace voxilane {
+namespace {
+
+bool isStandardStream(const std::string& name) { return name.empty() || name == "-"; }
+
+}  // namespace
+
+Result<std::unique_ptr<ByteSource>> openInput(const std::string& input) {
+  return isStandardStream(input) ? Result(openStandardInput()) : openFile(input);
+}
+
+Result<std::unique_ptr<ByteSink>> openOutput(const std::string& output) {
+  return isStandardStream(output) ? Result(openStandardOutput()) : replaceFile(output);
+}
+
+std::string inputName(const std::string& input) {
+  return isStandardStream(input) ? standardInput : input;
+}
+
+std::string outputName(const std::string& output) {
+  return isStandardStream(output) ? standardOutput : output;
+}
+
+}  // namespace voxilane
