@@ -167,21 +167,23 @@ void runImport(Context& context, const std::string& input) {
 
 void addLibraryTextCommands(CLI::App& library, Context& context) {
   const auto input = std::make_shared<std::string>();
-  CLI::App* import = library.add_subcommand("import", "Takes entries from tab-separated text");
-  import->footer(
+  CLI::App* importCommand =
+      library.add_subcommand("import", "Takes entries from tab-separated text");
+  importCommand->footer(
       "Each line is WORD<TAB>TRANSCRIPTION[<TAB>GLOSS], the transcription in font codes or IPA.\n"
       "Example: voxilane-cli library import my-words.tsv");
-  import->add_option("FILE", *input, "A text file; - is standard input")
+  importCommand->add_option("FILE", *input, "A text file; - is standard input")
       ->required()
       ->check(fileName);
-  import->callback([&context, input] { runImport(context, *input);
-});
+  importCommand->callback([&context, input] { runImport(context, *input); });
 
-const auto output = std::make_shared<std::string>();
-CLI::App* xport = library.add_subcommand("export", "Prints all entries as tab-separated text");
-xport->footer("Example: voxilane-cli library export -o words.tsv");
-xport->add_option("-o,--output", *output, "A file; - or none is standard output")->check(fileName);
-xport->callback([&context, output] { runExport(context, *output); });
-}  // namespace voxilane
+  const auto output = std::make_shared<std::string>();
+  CLI::App* exportCommand =
+      library.add_subcommand("export", "Prints all entries as tab-separated text");
+  exportCommand->footer("Example: voxilane-cli library export -o words.tsv");
+  exportCommand->add_option("-o,--output", *output, "A file; - or none is standard output")
+      ->check(fileName);
+  exportCommand->callback([&context, output] { runExport(context, *output); });
+}
 
 }  // namespace voxilane

@@ -34,6 +34,16 @@ std::u16string_view takePartOfSpeech(std::u16string_view& line) {
   return partOfSpeech;
 }
 
+// Takes the labels of a special field, such as [计], out of a sense.
+std::u16string withoutLabels(std::u16string_view sense) {
+  std::u16string text(sense);
+  for (std::size_t open = text.find(u'['); open != std::u16string::npos; open = text.find(u'[')) {
+    const std::size_t close = text.find(u']', open);
+    text.erase(open, close == std::u16string::npos ? close : close + 1 - open);
+  }
+  return std::u16string(trimBlanks(text));
+}
+
 // Up to the next separator outside parentheses.
 std::u16string_view takeSense(std::u16string_view& line) {
   int depth = 0;
@@ -52,8 +62,13 @@ std::u16string_view takeSense(std::u16string_view& line) {
   return sense;
 }
 
-// At most so many characters of a text, without half of one at the end.
+// At most so many characters of a text, without half of one at the end; what stands in parentheses
+// is left out as a whole.
 std::u16string_view cut(std::u16string_view text, std::size_t length) {
+  const std::size_t parenthesis = text.find_first_of(u"(（");
+  if (text.size() > length && parenthesis != std::u16string_view::npos && parenthesis > 0) {
+    length = std::min(length, parenthesis);
+  }
   const bool splits = length < text.size() && length > 0 && (text[length] & 0xFC00U) == 0xDC00;
   return text.substr(0, splits ? length - 1 : length);
 }
@@ -75,7 +90,7 @@ bool addLine(std::u16string& out, std::u16string_view line) {
   std::u16string lead = out.empty() ? u"" : u" ";
   lead.append(takePartOfSpeech(line));
   for (int senses = 0; senses < mostSensesOfALine && !line.empty();) {
-    const auto sense = takeSense(line);
+    const std::u16string sense = withoutLabels(takeSense(line));
     if (sense.empty()) {
       continue;
     }

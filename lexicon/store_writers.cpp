@@ -10,6 +10,7 @@
 #include "core/field_cipher.h"
 #include "core/word_list.h"
 #include "lexicon/short_gloss.h"
+#include "platform/sqlite/schema.h"
 
 namespace voxilane {
 namespace {
@@ -21,30 +22,38 @@ constexpr std::string_view lastLine = "~ ~=|-|\r\n";
 
 constexpr std::uint32_t unranked = std::numeric_limits<std::uint32_t>::max();
 
-// An inflected form is as good a candidate as a word three times as rare as its lemma: corpora
-// rank lemmas, running text is full of forms.
-constexpr std::uint32_t lemmaFactor = 3;
+// An inflected form is as good a candidate as a word four times as rare as its lemma: corpora
+// rank lemmas, running text is full of forms. Possessives and forms such as goeth are rarer.
+constexpr std::uint32_t lemmaFactor = 4;
+constexpr std::uint32_t rareFormFactor = 20;
 
-// For a word that a syllabus has and no corpus ranked, such as "are".
+// For a word that a syllabus has and no corpus ranked, such as "are", and for the words that old
+// books are full of and newer corpora are not.
 constexpr std::uint32_t syllabusScore = 5000;
+constexpr std::string_view classicLevel = "classic";
 
 struct Candidate {
   std::uint32_t score;  // smaller is better
   const WordRow* row;
 };
 
+std::uint32_t ownScore(const WordRow& row) {
+  const std::uint32_t ranked = row.rank > 0 ? row.rank : unranked;
+  const bool listed = row.rank == 0 && !row.levels.empty();
+  return listed || row.levels.ends_with(classicLevel) ? std::min(ranked, syllabusScore) : ranked;
+}
+
 std::uint32_t scoreOf(const WordRow& row,
                       const std::unordered_map<std::string_view, std::uint32_t>& ranks) {
   if (row.source == "contraction") {
     return 0;  // too few to need a choice, and in every text
   }
-  const std::uint32_t unrankedScore = row.levels.empty() ? unranked : syllabusScore;
-  std::uint32_t score = row.rank > 0 ? row.rank : unrankedScore;
   const auto lemma = ranks.find(row.lemma);
-  if (lemma != ranks.end()) {
-    score = std::min(score, lemma->second * lemmaFactor);
+  if (lemma == ranks.end()) {
+    return ownScore(row);
   }
-  return score;
+  const bool rare = row.source == "archaic" || row.word.ends_with("'s");
+  return std::min(ownScore(row), lemma->second * (rare ? rareFormFactor : lemmaFactor));
 }
 
 std::vector<Candidate> mostFrequent(const std::vector<WordRow>& rows, std::size_t count) {
@@ -68,13 +77,6 @@ std::vector<Candidate> mostFrequent(const std::vector<WordRow>& rows, std::size_
   return candidates;
 }
 
-void createTables(SQLite::Database& database) {
-  database.exec("pragma journal_mode = off");
-  database.exec("pragma synchronous = off");
-  database.exec("create table word(word text collate nocase, ipa13 blob)");
-  database.exec("create table wordqj(word text collate nocase, sjieshi text)");
-}
-
 void insertRows(SQLite::Database& database, const std::vector<WordRow>& rows) {
   SQLite::Statement word(database, "insert into word values(?, ?)");
   SQLite::Statement gloss(database, "insert into wordqj values(?, ?)");
@@ -94,12 +96,6 @@ void insertRows(SQLite::Database& database, const std::vector<WordRow>& rows) {
       gloss.reset();
     }
   }
-}
-
-void createIndexes(SQLite::Database& database) {
-  // With the Yinbiao in it, so that a lookup need not go on to the row.
-  database.exec("create index word_word on word(word, ipa13)");
-  database.exec("create index wordqj_word on wordqj(word)");
 }
 
 }  // namespace
@@ -123,14 +119,18 @@ Done writeLibrary(const std::vector<WordRow>& rows, const std::string& path) {
   std::remove(temporaryPath.c_str());
   try {
     SQLite::Database database(temporaryPath, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-    createTables(database);
+    database.exec("pragma journal_mode = off");
+    database.exec("pragma synchronous = off");
+    database.exec(createLibraryTables);
     SQLite::Transaction transaction(database);
     insertRows(database, rows);
-    createIndexes(database);
+    database.exec(createLibraryIndexes);
     transaction.commit();
   } catch (const SQLite::Exception& exception) {
     return Error{exception.what()};
   }
+  // What a killed writer left of the old library would be put into the new one.
+  std::remove((path + "-journal").c_str());
   if (std::rename(temporaryPath.c_str(), path.c_str()) != 0) {
     return Error{"cannot take the place of the old library"};
   }

@@ -9,11 +9,12 @@
 namespace voxilane {
 namespace {
 
-constexpr std::string_view header = "word\tyinbiao\tsource\tlemma\trank\tlevels\tgloss";
+constexpr std::string_view header = "word\tyinbiao\treadings\tsource\tlemma\trank\tlevels\tgloss";
 
 enum Column {
   wordColumn,
   yinbiaoColumn,
+  readingsColumn,
   sourceColumn,
   lemmaColumn,
   rankColumn,
@@ -97,6 +98,7 @@ Result<std::vector<WordRow>> parseWordRows(std::string_view text) {
     }
     row.word = fields[wordColumn];
     row.yinbiao = fields[yinbiaoColumn];
+    row.readings = fields[readingsColumn];
     row.source = fields[sourceColumn];
     row.lemma = fields[lemmaColumn];
     row.levels = fields[levelsColumn];

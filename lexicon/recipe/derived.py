@@ -19,6 +19,10 @@ SUFFIXES = (('ically', ('l', 'i'), ('ic', 'ical')), ('ly', ('l', 'i'), ('', 'le'
 PREFIXES = (('un', ('Q', 'n')), ('non-', ('n', 'R', 'n')), ('non', ('n', 'R', 'n')))
 
 
+# Rarer verbs are hardly met in old texts.
+ARCHAIC_RANK = 12000
+
+
 def other_spelling(word, known):
     for spelling, other in TWINS:
         for match in re.finditer(spelling, word):
@@ -31,13 +35,11 @@ def other_spelling(word, known):
 def joined(base, code, added):
     """The sounds of a base with an ending: one l of two, and the r of the base heard before a vowel."""
     sounds = notation.sounds_of(code)
-    if notation.PRIMARY not in sounds:
-        sounds = [notation.PRIMARY, *sounds]
     if added[0] == sounds[-1] == 'l':
         added = added[1:]
     if added[0] in notation.VOWEL_SET:
         sounds = sounds + forms.kept_r(base, sounds)
-    return notation.written([*sounds, *added])
+    return notation.with_ending(sounds, added)
 
 
 def with_suffix(word, known, is_verb):
@@ -62,6 +64,20 @@ def with_prefix(word, known):
             stressed = sounds if notation.PRIMARY in sounds else [notation.PRIMARY, *sounds]
             return notation.written([*added, *stressed])
     return ''
+
+
+def add_archaic(library):
+    """Adds the forms in -eth and -est of the common verbs: goeth, knowest."""
+    for word, entry in library.entries.items():
+        participle = next((form for kind, form in entry.forms if kind == 'i'), '')
+        if not (0 < entry.rank <= ARCHAIC_RANK and participle and library.is_verb(word) and library.known(word)):
+            continue
+        for ending in ('eth', 'est'):
+            form = forms.archaic_spelling(word, participle, ending)
+            code = library.verb_code(word)
+            if not library.known(form):
+                library.add(form, forms.form_code(word, code, form, ending), 'archaic')
+                library.lemmas[form] = word
 
 
 def add(library):

@@ -15,6 +15,8 @@ SOUND_CLASSES = {'m': 'M', 'n': 'N', 'N': 'N', 'l': 'L', 'r': 'R', **dict.fromke
 
 # Final letters that are hardly ever silent, with the sounds that may end such a word.
 FINAL_SOUNDS = {'d': 'd t', 'k': 'k', 'l': 'l', 'm': 'm', 'n': 'n N m', 'f': 'f v'}
+# Vowels that no English word ends in.
+NEVER_FINAL = frozenset(('e', 'A', 'Q', 'R'))
 # Letters that are silent in French words or not at all: no consonant but the N of such words may stand there.
 SILENT_OR_SAID = frozenset('tp')
 
@@ -72,7 +74,7 @@ def word_without_ending(word, code, known):
 
 def check_final(word, bare):
     last = bare[-1]
-    if word.endswith('ing') and last not in ('N', 'n'):
+    if word.endswith('ing') and last != 'N':
         raise Refused('final consonant missing')
     if last not in FINAL_SOUNDS.get(word[-1], last).split():
         raise Refused('final consonant missing')
@@ -89,10 +91,12 @@ def fit(word, code):
 
 def check_against_letters(word, code):
     """Refuses a transcription that does not fit the spelling, as of another word or of a part of it."""
+    bare, _ = notation.separated(notation.sounds_of(code))
+    if bare[-1] in NEVER_FINAL:
+        raise Refused('short vowel at the end')
     groups = len(re.findall('[aeiouy]+', re.sub('(?<=[^aeiouyl])es?$', '', word)))
     if not word.isalpha() or len(word) < 4 or not groups:
         return
-    bare, _ = notation.separated(notation.sounds_of(code))
     check_final(word, bare)
     consonants = len(letter_skeleton(word))
     if consonants > 1 and fit(word, code) < (LEAST_FIT if consonants > SHORT else LEAST_FIT_SHORT):

@@ -11,15 +11,6 @@ VOICED = {'s': 'z', 'f': 'v', 'W': 'T'}
 # Comparatives whose N has a g behind it before a vowel.
 WITH_G = frozenset(('long', 'strong', 'young'))
 
-# Verbs that sound unlike the noun of the same spelling, where ECDICT has the noun alone.
-VERBS = {'use': 'ju:z', 'misuse': '7mis5ju:z', 'reuse': '7ri:5ju:z', 'abuse': 'E5bju:z',
-         'excuse': 'ik5skju:z', 'house': 'hauz', 'close': 'klEuz', 'disuse': '7di5sju:z',
-         'conduct': 'kEn5dQkt', 'conflict': 'kEn5flikt', 'contest': 'kEn5test', 'contract': 'kEn5trAkt',
-         'decrease': 'di:5kri:s', 'escort': 'i5skC:t', 'impact': 'im5pAkt', 'insult': 'in5sQlt',
-         'object': 'Eb5dVekt', 'perfect': 'pE5fekt', 'present': 'pri5zent', 'progress': 'prE5gres',
-         'project': 'prE5dVekt', 'rebel': 'ri5bel', 'refund': 'ri5fQnd', 'subject': 'sEb5dVekt',
-         'torment': 'tC:5ment'}
-
 # The kinds of form that ECDICT's `exchange` knows: plural, third person, past, participles, comparison.
 ENDINGS = {'s': 's', '3': 's', 'p': 'ed', 'd': 'ed', 'i': 'ing', 'r': 'er', 't': 'est'}
 VERB_KINDS = frozenset('3pdi')
@@ -73,6 +64,14 @@ def regular_spellings(lemma, ending):
     return {lemma + ending, doubled(lemma) + ending}
 
 
+def archaic_spelling(lemma, participle, ending):
+    """The form in -eth or -est of a verb, doubled as its -ing form is."""
+    stem = participle.removesuffix('ing')
+    if lemma.endswith('ie') or stem.endswith('e'):
+        return lemma + ending[1:]
+    return re.sub('(?<=[^aeiou])y$', 'i', stem) + ending
+
+
 def kept_r(lemma, sounds):
     """The r that is spelled at the end of the lemma and heard again before a vowel."""
     heard = sounds[-1] in ('E', 'E:', 'C:', 'B:', 'iE', 'ZE', 'uE')
@@ -91,36 +90,32 @@ def with_s(form, sounds):
     if form.endswith('ves') and sounds[-1] == 'f':
         sounds = [*sounds[:-1], 'v']
     last = sounds[-1]
-    return sounds + (['i', 'z'] if last in SIBILANTS else ['s'] if last in VOICELESS else ['z'])
+    return sounds, ['i', 'z'] if last in SIBILANTS else ['s'] if last in VOICELESS else ['z']
 
 
-def with_ed(sounds):
+def ed_sounds(sounds):
     last = sounds[-1]
-    return sounds + (['i', 'd'] if last in ('t', 'd') else ['t'] if last in VOICELESS | SIBILANTS - {'z', 'V', 'dV'}
-                     else ['d'])
+    return ['i', 'd'] if last in ('t', 'd') else ['t'] if last in VOICELESS | SIBILANTS - {'z', 'V', 'dV'} else ['d']
 
 
-VOWEL_ENDINGS = {'ing': ['i', 'N'], 'er': ['E'], 'est': ['i', 's', 't']}
+VOWEL_ENDINGS = {'ing': ['i', 'N'], 'er': ['E'], 'est': ['i', 's', 't'], 'eth': ['i', 'W']}
 
 
 def form_code(lemma, code, form, ending):
     """How a regular form sounds; `code` is the transcription of the lemma."""
     sounds = notation.sounds_of(code)
-    if notation.PRIMARY not in sounds:
-        sounds = [notation.PRIMARY, *sounds]
     if ending == 's':
-        return notation.written(with_s(form, sounds))
-    if ending == 'ed':
-        return notation.written(with_ed(sounds))
-    sounds = full_syllable(lemma, sounds) + kept_r(lemma, sounds)
-    linked = ['g'] if lemma in WITH_G and ending != 'ing' else []
-    return notation.written(sounds + linked + VOWEL_ENDINGS[ending])
+        stem, added = with_s(form, sounds)
+    elif ending == 'ed':
+        stem, added = sounds, ed_sounds(sounds)
+    else:
+        stem = full_syllable(lemma, sounds) + kept_r(lemma, sounds)
+        added = (['g'] if lemma in WITH_G and ending != 'ing' else []) + VOWEL_ENDINGS[ending]
+    return notation.with_ending(stem, added)
 
 
 def verb_reading(lemma, readings):
     """The verb's reading: the labelled one, one in -eit, or of two that differ in stress the later stressed."""
-    if lemma in VERBS:
-        return VERBS[lemma]
     labelled = [code for is_verb, code in readings if is_verb]
     codes = [code for _, code in readings]
     if labelled:

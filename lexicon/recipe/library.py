@@ -3,15 +3,29 @@ import collections
 import re
 from dataclasses import dataclass
 
-from . import derived, doubt, forms, notation, phonetics
+from . import british, derived, doubt, forms, hand, marks, notation, phonetics, votes
 from .entries import Entry
 from .notation import Refused
 
-POSSESSIVE_RANK = 20000
+POSSESSIVE_RANK = 50000
 MUCH = 4  # how many times more frequent one of a lemma and its form has to be to outweigh the other
 
 # The long vowel of path, dance and sample.
 BATH = re.compile('B:(?:[fsW]|n[tsdF]|mpl|T)')
+
+# Sources whose transcriptions nothing later may change.
+FINAL = ('hand', 'contraction')
+
+
+@dataclass
+class Tables:
+    """What the library is made from besides ECDICT."""
+    contractions: dict
+    overrides: dict
+    homographs: dict
+    american: dict
+    glosses: dict  # what a gloss begins with where the first sense of ECDICT is not the common one
+    classics: frozenset  # words that old books are full of, whatever their rank
 
 
 @dataclass
@@ -32,11 +46,13 @@ def british_first(readings):
 class Library:
     """The library while it is made; `refused` counts the transcriptions that were dropped, by reason."""
 
-    def __init__(self, entries):
+    def __init__(self, entries, tables):
         self.entries = entries
+        self.tables = tables
         self.readings = {}
         self.said = {}
         self.lemmas = {}
+        self.homographs = {}
         self.refused = collections.Counter()
 
     def known(self, word):
@@ -45,6 +61,9 @@ class Library:
 
     def add(self, word, code, source):
         self.said[word] = Said(code, source)
+
+    def is_final(self, word):
+        return word in self.said and self.said[word].source in FINAL
 
     def is_verb(self, word):
         entry = self.entries.get(word)
@@ -124,6 +143,8 @@ class Library:
             return None
         if (lemma, 's') in candidates and self.entries[lemma].gloss.startswith('n.'):
             kind = 's'
+        if kind in 's3' and lemma in self.homographs:
+            kind = '3' if self.homographs[lemma][0].word_class == 'v' else 's'
         return lemma, kind
 
     def add_forms(self):
@@ -140,6 +161,8 @@ class Library:
             self.add_form(form, lemma, kind, lambda word, k=kind: partners.get((word, k), ''))
 
     def add_form(self, form, lemma, kind, partner):
+        if self.is_final(form):
+            return
         ending = forms.ENDINGS[kind]
         own = self.known(form)
         if form not in forms.regular_spellings(lemma, ending):
@@ -152,14 +175,34 @@ class Library:
         if generated and not self.own_row_counts(form, lemma, kind, generated):
             self.said[form] = Said(generated, 'form')
 
+    def verb_code(self, word):
+        """The transcription of a word as a verb."""
+        if word in self.homographs:
+            return next((r.code for r in self.homographs[word] if r.word_class == 'v'), self.known(word))
+        if self.known(word) and self.lemma_is_read(word):
+            return forms.verb_reading(word, self.readings[word])
+        return self.known(word)
+
     def generated(self, lemma, form, kind):
-        code = self.known(lemma)
-        if code and kind in forms.VERB_KINDS and self.lemma_is_read(lemma):
-            code = forms.verb_reading(lemma, self.readings[lemma])
+        if lemma in self.homographs:
+            code = self.add_form_readings(lemma, form, kind)
+        else:
+            code = self.verb_code(lemma) if kind in forms.VERB_KINDS else self.known(lemma)
         try:
             return forms.form_code(lemma, code, form, forms.ENDINGS[kind]) if code else ''
         except Refused:
             return ''
+
+    def add_form_readings(self, lemma, form, kind):
+        """Gives the reading that a form has of a word with several, and notes those of the form where they differ."""
+        classes = ('n', 'v') if kind in 's3' else ('v',) if kind in 'pdi' else ('a', 'ad')
+        fitting = [reading for reading in self.homographs[lemma] if reading.word_class in classes]
+        fitting = fitting or self.homographs[lemma][:1]
+        of_form = {forms.form_code(lemma, reading.code, form, forms.ENDINGS[kind]): reading for reading in reversed(fitting)}
+        if len(of_form) > 1:
+            self.homographs[form] = [hand.Reading(code, reading.word_class, reading.sense)
+                                     for code, reading in reversed(of_form.items())]
+        return fitting[0].code
 
     def lemma_is_read(self, lemma):
         return self.said[lemma].source == 'ecdict'
@@ -171,7 +214,7 @@ class Library:
             return False
         if forms.same_but_voiced(own, generated) or form in forms.OWN_SOUND or own.replace('B:', 'A') == generated:
             return True
-        if lemma in forms.VERBS or own[-2:] != generated[-2:]:
+        if self.is_final(lemma) or own[-2:] != generated[-2:]:
             return False
         return (kind in 'pdi' and forms.stressed_as_verb(lemma, own, generated)
                 or self.is_other_reading(form, lemma, kind, own)
@@ -214,7 +257,7 @@ class Library:
         """Takes from its forms what a word lacks: its transcription, or a consonant that was lost in its row."""
         for word in self.wanting():
             self.take_from_form(word, self.code_in_forms(word))
-        for word in [word for word in self.said if word.isalpha() and doubt.fit(word, self.known(word)) < 1]:
+        for word in [word for word in self.said if word.isalpha() and not self.is_final(word) and doubt.fit(word, self.known(word)) < 1]:
             own, code = self.known(word), self.code_in_forms(word)
             if code and code.startswith(own[:2]) and doubt.fit(word, code) > doubt.fit(word, own):
                 self.take_from_form(word, code)
@@ -232,10 +275,29 @@ class Library:
         for word in sorted(self.said):
             try:
                 notation.check(self.said[word].code)
-                if self.said[word].source == 'ecdict':
+                if self.said[word].source in ('ecdict', 'cmu'):
                     doubt.check_against_letters(word, self.said[word].code)
             except Refused as refusal:
                 self.drop(word, str(refusal))
+
+    def mend_sounds(self):
+        for word, said in self.said.items():
+            if said.source not in FINAL:
+                said.code = british.mended(word, said.code, self.known)
+                self.readings[word] = [(is_verb, british.mended(word, code, self.known))
+                                       for is_verb, code in self.readings.get(word, ())]
+
+    def add_american(self, american):
+        """Takes the words that ECDICT lists without a phonetic from the American dictionary."""
+        for word, entry in self.entries.items():
+            unknown = word not in self.said and word not in self.tables.overrides
+            if word in american and unknown and word.isalpha() and len(word) > 2:
+                self.add(word, british.mended(word, american[word][0], self.known), 'cmu')
+
+    def set_marks(self):
+        for word, said in self.said.items():
+            if said.source not in FINAL:
+                said.code = marks.settled(word, said.code, self.known)
 
     def make_british(self):
         """Gives a word its long B: when a form of it has that in its own row: pass after passed."""
@@ -250,13 +312,21 @@ class Library:
 
     def add_possessives(self):
         for word, entry in self.entries.items():
-            noun = entry.is_name or re.search(r'(?:^|\\n)n\.', entry.gloss)
-            said = self.said.get(word)
-            if said and noun and 0 < entry.rank <= POSSESSIVE_RANK and word.isalpha() and word not in self.lemmas:
-                form = word + "'s"
-                if len(form) <= 20 and form not in self.said:
-                    self.said[form] = Said(forms.form_code(word, said.code, form, 's'), 'form')
+            form, noun = word + "'s", entry.is_name or re.search(r'(?:^|\\n)n\.', entry.gloss)
+            plain = word not in self.lemmas or entry.gloss.startswith('n.') and not word.endswith(('s', 'ing'))
+            common = 0 < entry.rank <= POSSESSIVE_RANK and (entry.is_name or plain)
+            if (noun and common and self.known(word) and word.isalpha() and len(form) <= 20
+                    and form not in self.said):
+                try:
+                    self.add(form, forms.form_code(word, self.known(word), form, 's'), 'form')
                     self.lemmas[form] = word
+                except Refused:
+                    pass
+
+    def readings_column(self, word):
+        """The readings of a word that has several, each with its class, the first as in the column before."""
+        readings = self.homographs.get(word, ())
+        return '; '.join(f'{reading.label()} {reading.code}' for reading in readings)
 
     def rows(self):
         """The rows of the library, sorted by word; a lemma is named if it has a row as well."""
@@ -265,22 +335,32 @@ class Library:
             entry = self.entries.get(word, Entry(word))
             said = self.said.get(word, Said('', ''))
             lemma = self.lemmas.get(word, '')
-            yield (word, said.code, said.source, lemma if lemma in words else '', str(entry.rank or ''), entry.levels,
-                   entry.gloss)
+            levels = f'{entry.levels} classic'.strip() if word in self.tables.classics else entry.levels
+            gloss = '\\n'.join(filter(None, (self.tables.glosses.get(word), entry.gloss)))
+            yield (word, said.code, self.readings_column(word), said.source, lemma if lemma in words else '',
+                   str(entry.rank or ''), levels, gloss)
 
 
-def made(entries, contractions):
-    library = Library(entries)
+def made(entries, tables):
+    library = Library(entries, tables)
     library.read_phonetics()
     library.mend_endings()
     library.drop_doubtful()
+    library.mend_sounds()
     library.make_british()
+    votes.settle(library, tables.american)
+    hand.add(library, tables)
     library.read_from_forms()
     library.add_forms()
     derived.add(library)
+    library.add_american(tables.american)
     library.add_forms()
+    derived.add(library)
+    derived.add_archaic(library)
     library.add_possessives()
-    for word, code in contractions.items():
-        library.said[word] = Said(code, 'contraction')
+    for word, code in tables.contractions.items():
+        library.add(word, code, 'contraction')
     library.drop_doubtful()
+    library.mend_sounds()
+    library.set_marks()
     return library

@@ -111,6 +111,17 @@ def written(marked):
     return ''.join(starts.get(place, '') + sound for place, sound in enumerate(bare))
 
 
+def with_ending(sounds, ending):
+    """The transcription of a word with an ending: the marks of the word stay where they are.
+
+    A word of one syllable has none and takes its mark before its first sound.
+    """
+    marked = ''.join([*sounds, *ending])
+    if PRIMARY in sounds:
+        return marked
+    return written([PRIMARY, *sounds, *ending])
+
+
 def syllable_count(code):
     bare, _ = separated(sounds_of(code))
     return len(nuclei(bare))

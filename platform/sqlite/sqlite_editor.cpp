@@ -5,18 +5,10 @@
 
 #include "platform/files.h"
 #include "platform/sqlite/connection.h"
+#include "platform/sqlite/schema.h"
 
 namespace voxilane {
 namespace {
-
-constexpr const char* createTables =
-    "create table word(word text collate nocase, ipa13 blob);"
-    "create table wordqj(word text collate nocase, sjieshi text)";
-
-// With the Yinbiao in the first, so that a lookup need not go on to the row.
-constexpr const char* createIndexes =
-    "create index if not exists word_word on word(word, ipa13);"
-    "create index if not exists wordqj_word on wordqj(word)";
 
 // Changes stay in memory until the commit, so that nobody has to wait for them before.
 constexpr const char* noSpillPragma = "pragma cache_spill = off";
@@ -158,9 +150,9 @@ Result<std::unique_ptr<LibraryEditor>> openSqliteEditor(const std::string& path)
     database.exec(noSpillPragma);
     database.exec("begin immediate");
     if (isNew) {
-      database.exec(createTables);
+      database.exec(createLibraryTables);
     }
-    database.exec(createIndexes);
+    database.exec(createLibraryIndexes);
     return std::unique_ptr<LibraryEditor>(
         std::make_unique<SqliteEditor>(std::move(database), isNew ? path : std::string()));
   } catch (const SQLite::Exception& exception) {

@@ -9,12 +9,12 @@ namespace voxilane {
 namespace {
 
 constexpr const char* words =
-    "word\tyinbiao\tsource\tlemma\trank\tlevels\tgloss\n"
-    "cat\tkAt\ttest\t\t1\t\tn. 猫\n"
-    "dog\tdRg\ttest\t\t2\t\tn. 狗；犬\n"
-    "run\trQn\ttest\t\t3\t\tv. 跑\n"
-    "sat\tsAt\ttest\t\t4\t\t\n"
-    "zero\t5ziErEu\ttest\t\t\t\tnum. 零\n";
+    "word\tyinbiao\treadings\tsource\tlemma\trank\tlevels\tgloss\n"
+    "cat\tkAt\t\ttest\t\t1\t\tn. 猫\n"
+    "dog\tdRg\t\ttest\t\t2\t\tn. 狗；犬\n"
+    "run\trQn\t\ttest\t\t3\t\tv. 跑\n"
+    "sat\tsAt\t\ttest\t\t4\t\t\n"
+    "zero\t5ziErEu\t\ttest\t\t\t\tnum. 零\n";
 
 }  // namespace
 

@@ -28,6 +28,8 @@ TEST(ShortGloss, HasTheFirstSensesOfTheFirstLines) {
            {"[医] 肺炎\r\n[化] 铅", "肺炎 铅"},
            {"[网络]", ""},
            {"n. ,,\r\n\r\nv. 跑", "v.跑"},
+           {"v. [法律]驳回，[计] 拒绝\r\nn. [网络]", "v.驳回，拒绝"},
+           {"abbr. 后台服务（" + repeated("long ", 9) + "）", "abbr.后台服务"},
            {"a|b", "a/b"},
            {"n. " + repeated("长", 40), "n." + repeated("长", 28)},
            {"n. " + repeated("长", 20) + "，" + repeated("短", 20) + "，尾",
