@@ -103,9 +103,9 @@ def sounds_of(word, symbols):
 ENDINGS = tuple((re.compile(spelling), re.compile(american + '$'), british) for spelling, american, british in (
     ('ary$', '7?(?:ZEr|er|Er)i', 'Eri'), ('ory$', '7?(?:C:r|Rr|Er)i', 'Eri'), ('mony$', '7?mEuni', 'mEni'),
     ('aries$', '7?(?:ZEr|er|Er)iz', 'Eriz'), ('ories$', '7?(?:C:r|Rr|Er)iz', 'Eriz'),
-    ('ative$', '7?eitiv', 'Etiv'), ('[^aeiou]ile$', '(?:E|i)?l', 'ail'), ('ity$', 'Eti', 'iti'), ('ness$', 'nEs', 'nis'),
-    ('less$', 'lEs', 'lis'), ('ism$', 'izEm', 'izm'), ('ages?$', 'E(?=dV)', 'i'), ('ible$', 'ibEl', 'Ebl'),
-    ('le$', r'(?<=[pbtdkgfvszFVW])El', 'l'), ('les$', r'(?<=[pbtdkgfvszFVW])Elz', 'lz')))
+    ('ative$', '7?eitiv', 'Etiv'), ('[^aeiou]ile$', '(?:E|i)?l', 'ail'), ('ity$', 'Eti', 'iti'),
+    ('ness$', 'nEs', 'nis'), ('less$', 'lEs', 'lis'), ('ism$', 'izEm', 'izm'), ('ages?$', 'E(?=dV)', 'i'),
+    ('ible$', 'ibEl', 'Ebl'), ('le$', r'(?<=[pbtdkgfvszFVW])El', 'l'), ('les$', r'(?<=[pbtdkgfvszFVW])Elz', 'lz')))
 
 
 # An ending is one only behind the stressed vowel: ceremony, not story.

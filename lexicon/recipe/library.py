@@ -198,7 +198,8 @@ class Library:
         classes = ('n', 'v') if kind in 's3' else ('v',) if kind in 'pdi' else ('a', 'ad')
         fitting = [reading for reading in self.homographs[lemma] if reading.word_class in classes]
         fitting = fitting or self.homographs[lemma][:1]
-        of_form = {forms.form_code(lemma, reading.code, form, forms.ENDINGS[kind]): reading for reading in reversed(fitting)}
+        of_form = {forms.form_code(lemma, reading.code, form, forms.ENDINGS[kind]): reading
+                   for reading in reversed(fitting)}
         if len(of_form) > 1:
             self.homographs[form] = [hand.Reading(code, reading.word_class, reading.sense)
                                      for code, reading in reversed(of_form.items())]
@@ -214,11 +215,12 @@ class Library:
             return False
         if forms.same_but_voiced(own, generated) or form in forms.OWN_SOUND or own.replace('B:', 'A') == generated:
             return True
+        if self.rank(form) * MUCH < self.rank(lemma):
+            return True
         if self.is_final(lemma) or own[-2:] != generated[-2:]:
             return False
         return (kind in 'pdi' and forms.stressed_as_verb(lemma, own, generated)
-                or self.is_other_reading(form, lemma, kind, own)
-                or self.rank(form) * MUCH < self.rank(lemma))
+                or self.is_other_reading(form, lemma, kind, own))
 
     def is_other_reading(self, form, lemma, kind, own):
         """Whether the form's own row goes with a later reading of the lemma, where nothing told the verb's."""
@@ -257,7 +259,9 @@ class Library:
         """Takes from its forms what a word lacks: its transcription, or a consonant that was lost in its row."""
         for word in self.wanting():
             self.take_from_form(word, self.code_in_forms(word))
-        for word in [word for word in self.said if word.isalpha() and not self.is_final(word) and doubt.fit(word, self.known(word)) < 1]:
+        doubtful = [word for word in self.said if word.isalpha() and not self.is_final(word)
+                    and doubt.fit(word, self.known(word)) < 1]
+        for word in doubtful:
             own, code = self.known(word), self.code_in_forms(word)
             if code and code.startswith(own[:2]) and doubt.fit(word, code) > doubt.fit(word, own):
                 self.take_from_form(word, code)

@@ -37,8 +37,10 @@ def seams(word, bare, known):
             continue
         head = text[:-len(tail)]
         own = notation.unmarked(known(first))
-        is_prefix = head in PREFIXES.get(first, ()) and not (first == 'trans' and word[cut] in 'aeiou') or first in ADVERBS and head in (own, own + 'r')
-        if is_prefix or cut >= SHORTEST_FIRST and own and head in (own, own + 'r'):
+        as_word = own and head in (own, own + 'r')
+        is_prefix = head in PREFIXES.get(first, ()) and not (first == 'trans' and word[cut] in 'aeiou')
+        is_prefix = is_prefix or as_word and first in ADVERBS
+        if is_prefix or as_word and cut >= SHORTEST_FIRST:
             found[place] = is_prefix or bare[place] not in VOWEL_SET and bare[place] != 'j'
     return found
 

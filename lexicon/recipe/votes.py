@@ -2,7 +2,8 @@
 
 Two votes are asked where the rows of ECDICT alone could be wrong: the CMU dictionary, turned British,
 and espeak-ng. They agree with a reading when its consonants are the same: vowels differ between accents,
-and what is gained where both votes hear another vowel is lost again elsewhere. What espeak-ng says is never shipped; it only weighs readings that other sources have.
+and what is gained where both votes hear another vowel is lost again elsewhere. What espeak-ng says is never
+shipped; it only weighs readings that other sources have.
 """
 import re
 import subprocess
