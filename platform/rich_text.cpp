@@ -4,6 +4,8 @@
 #include <limits>
 #include <unordered_map>
 
+#include "platform/run_cursor.h"
+
 namespace voxilane {
 namespace {
 
@@ -40,27 +42,6 @@ class FormatPlaces {
  private:
   std::vector<CharacterFormat>& formats_;
   std::unordered_map<CharacterFormat, std::uint32_t, FormatHash> places_;
-};
-
-// Goes through the runs of the old document from front to back.
-class RunCursor {
- public:
-  explicit RunCursor(const std::vector<FormatRun>& runs) : runs_(runs) {}
-
-  bool empty() const { return runs_.empty(); }
-
-  // The run that holds a position that is not in front of those asked before; the last run behind
-  // the end. Not when empty().
-  const FormatRun& at(std::size_t position) {
-    while (run_ + 1 < runs_.size() && runs_[run_].end <= position) {
-      ++run_;
-    }
-    return runs_[run_];
-  }
-
- private:
-  const std::vector<FormatRun>& runs_;
-  std::size_t run_ = 0;
 };
 
 // Makes the new document from front to back.
