@@ -14,10 +14,11 @@
 namespace voxilane {
 
 void addAnnotateCommand(CLI::App& app, Context& context);
-void addWordCommands(CLI::App& app, Context& context);      // mark, lookup, infer, explain
-void addNotationCommands(CLI::App& app, Context& context);  // convert, syllables
-void addNumberCommands(CLI::App& app, Context& context);    // number, year, phone
-void addLibraryCommands(CLI::App& app, Context& context);   // library info, get, check, ...
+void addWordCommands(CLI::App& app, Context& context);          // mark, lookup, infer, explain
+void addNotationCommands(CLI::App& app, Context& context);      // convert, syllables
+void addNumberCommands(CLI::App& app, Context& context);        // number, year, phone
+void addLibraryCommands(CLI::App& app, Context& context);       // library info, get, check, ...
+void addDocumentToolCommands(CLI::App& app, Context& context);  // reconvert, refont
 
 // The library commands that read and write its text form: import, export.
 void addLibraryTextCommands(CLI::App& library, Context& context);

@@ -50,6 +50,7 @@ int main(int argc, char** argv) {
   voxilane::addWordCommands(app, context);
   voxilane::addNotationCommands(app, context);
   voxilane::addNumberCommands(app, context);
+  voxilane::addDocumentToolCommands(app, context);
   voxilane::addLibraryCommands(app, context);
 
   try {
