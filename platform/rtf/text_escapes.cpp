@@ -45,7 +45,8 @@ void TextEscapes::append(std::string& out, char16_t unit, bool asGbk) {
     out += static_cast<char>(unit);
   } else if (unit == u'\t') {
     out += "\\tab ";
-  } else if (unit == u'\v') {
+  } else if (unit == u'\v' || unit == u'\r' || unit == u'\n') {
+    // Halves of line ends stand in no good document; word processors take them for their own marks.
     out += "\\line ";
   } else if (asGbk && isGbk(unit)) {
     appendHex(out, gbkBytes(unit) >> 8);

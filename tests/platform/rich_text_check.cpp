@@ -1,5 +1,7 @@
 #include "tests/platform/rich_text_check.h"
 
+#include <algorithm>
+
 #include "core/text.h"
 
 namespace voxilane {

@@ -84,7 +84,7 @@ TEST(RtfWriter, EscapesText) {
       {u"\uE76C", "\\u-6292?", "\\u-6292?"},
       {u"\U0001F600", "\\u-10179?\\u-8704?", "\\u-10179?\\u-8704?"},
       {u"a\r\nb\r\n", "a\\par\r\nb\\par\r\n", "a\\par\r\nb\\par\r\n"},
-      {u"a\rb\n", "a\\u13?b\\u10?", "a\\u13?b\\u10?"},
+      {u"a\rb\n", "a\\line b\\line ", "a\\line b\\line "},
   };
   for (const TextCase& test : cases) {
     EXPECT_EQ(writtenText(u"Arial", test.text), test.inLatinFont + std::string("}\r\n"));
