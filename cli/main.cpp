@@ -27,7 +27,7 @@ int explainParse(voxilane::Context& context, const CLI::App& app, const CLI::Par
 }  // namespace
 
 int main(int argc, char** argv) {
-  voxilane::guardStandardStreams();
+  voxilane::guardProgram();
   voxilane::Context context;
   context.home = voxilane::executableDirectory();
   context.progress = voxilane::standardErrorIsTerminal();

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -56,10 +57,25 @@ class ByteSink {
   virtual Done commit() = 0;
 };
 
-// A new file beside the old one that takes its name on commit. A symbolic link is followed; what is
-// no regular file (a device, a pipe) is written to directly, and so is the file that
+// Keeps what a file holds in another place, on the disk, and gives the path of the copy.
+using KeepCopy = std::function<Result<std::string>(const std::string& path)>;
+
+// A new file beside the old one that takes its name on commit. Owner, permissions and attributes
+// stay, and a symbolic link is followed. A file that may not be written to is an error.
+//
+// Some files cannot be replaced so: in a folder that may not be written to, with several names
+// (hard links), or of an owner whom a new file cannot have. With keepCopy, commit keeps a copy of
+// such a file, then writes into the file itself, and brings the old content back when that fails. A
+// program that is killed just then leaves the copy. Without keepCopy, the first of them is an
+// error; the others are replaced all the same.
+//
+// What is no regular file (a device, a pipe) is written to directly, and so is the file that
 // standard output goes to.
-Result<std::unique_ptr<ByteSink>> replaceFile(const std::string& path);
+Result<std::unique_ptr<ByteSink>> replaceFile(const std::string& path, KeepCopy keepCopy = {});
+
+// How the names of the new files begin until the commit.
+inline constexpr std::string_view temporaryPrefix = ".voxilane-";
+
 std::unique_ptr<ByteSink> openStandardOutput();
 
 // The whole file.
@@ -73,13 +89,18 @@ bool isSameFile(const std::string& a, const std::string& b);
 Done makeDirectory(const std::string& path);
 
 // To be called first in a program. A standard stream that is closed is made one that fails: another
-// file would else get its place, and be read or written as if it were the stream.
-void guardStandardStreams();
+// file would else get its place, and be read or written as if it were the stream. And a file that
+// reaches a size limit makes writing fail instead of ending the program.
+void guardProgram();
 
 // Whether something is written for a person who watches.
 bool standardErrorIsTerminal();
 
 // The directory of the running program.
 std::string executableDirectory();
+
+// Where programs keep what they remember of a user: $XDG_STATE_HOME, or .local/state in the home
+// directory. It need not be there.
+Result<std::string> userStateDirectory();
 
 }  // namespace voxilane
