@@ -143,6 +143,7 @@ void annotateDocument(Context& context, Annotator& annotator, const Document& do
     case FailedPart::none:
       break;
   }
+  keepReplacedInput(context, document.input, document.output);
   if (const Done done = sink.value()->commit(); !done) {
     context.fail(outputName(document.output), done.error().why);
     return;

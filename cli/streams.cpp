@@ -1,5 +1,7 @@
 #include "cli/streams.h"
 
+#include "shell/backups.h"
+
 namespace voxilane {
 namespace {
 
@@ -12,7 +14,16 @@ Result<std::unique_ptr<ByteSource>> openInput(const std::string& input) {
 }
 
 Result<std::unique_ptr<ByteSink>> openOutput(const std::string& output) {
-  return isStandardStream(output) ? Result(openStandardOutput()) : replaceFile(output);
+  return isStandardStream(output) ? Result(openStandardOutput()) : replaceFile(output, keepBackup);
+}
+
+void keepReplacedInput(Context& context, const std::string& input, const std::string& output) {
+  if (!isSameFile(isStandardStream(input) ? "/dev/stdin" : input, output)) {
+    return;
+  }
+  if (const auto kept = keepBackup(output); !kept) {
+    context.note(output, "no backup kept: " + kept.error().why);
+  }
 }
 
 std::string inputName(const std::string& input) {

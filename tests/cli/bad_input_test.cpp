@@ -100,6 +100,32 @@ TEST_F(BadInputTest, NothingIsWrittenOverThatWasNotMeant) {
   EXPECT_EQ(directory.read("target"), "cat\n kAt ");
 }
 
+TEST_F(BadInputTest, ADocumentThatTakesItsOwnPlaceIsKept) {
+  struct Case {
+    std::string call;
+    std::string kept;
+  };
+  const std::vector<Case> cases{
+      {"annotate a.txt -o b.txt", ""},     {"annotate a.txt -o a.txt", "cat\n"},
+      {"annotate a.txt -o link", "cat\n"}, {"annotate - -o a.txt <a.txt", "cat\n"},
+      {"annotate missing -o a.txt", ""},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.call);
+    const Outcome outcome = shell(
+        "cd $T; rm -rf .state; echo cat >a.txt; echo dog >b.txt; ln -sf a.txt link\n"
+        "$V --home $T " +
+        c.call +
+        "\n"
+        "! test -e .state || cat .state/voxilane/backups/*$T/*");
+    EXPECT_EQ(outcome.out, c.kept);
+  }
+  const Outcome outcome = shell("cd $T; XDG_STATE_HOME=/proc $V --home $T annotate a.txt -o a.txt");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_NE(outcome.err.find("a.txt: no backup kept: "), std::string::npos);
+  expectOneLine(outcome.err);
+}
+
 TEST_F(BadInputTest, ABrokenLibraryStopsBeforeAnyOutput) {
   struct Case {
     std::string name;

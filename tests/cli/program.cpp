@@ -27,9 +27,9 @@ ProgramTest::ProgramTest() {
 
 Outcome ProgramTest::shell(const std::string& script) const {
   directory.write(".script", script);
-  const std::string command = "V=" VOXILANE_CLI " T=" + directory.path() + " sh " +
-                              (directory / ".script") + " >" + (directory / ".out") + " 2>" +
-                              (directory / ".err");
+  const std::string command =
+      "V=" VOXILANE_CLI " T=" + directory.path() + " XDG_STATE_HOME=" + (directory / ".state") +
+      " sh " + (directory / ".script") + " >" + (directory / ".out") + " 2>" + (directory / ".err");
   const int status = std::system(command.c_str());
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, directory.read(".out"),
           directory.read(".err")};
