@@ -63,7 +63,9 @@ AnnotationJob jobOf(const AnnotateOptions& options, const Context& context) {
   if (options.size != 0) {
     job.canshu.canshu9 = static_cast<std::int16_t>(options.size);
   }
-  job.form = options.form == "html" ? OutputForm::html : OutputForm::text;
+  job.form = options.form == "html"  ? OutputForm::html
+             : options.form == "rtf" ? OutputForm::rtf
+                                     : OutputForm::text;
   job.spelling = options.form == "unicode" ? Spelling::unicode : context.spelling();
   return job;
 }
@@ -74,8 +76,8 @@ std::string missingPart(const AnnotateOptions& options, const AnnotationJob& job
   if (layout == Layout::word1 || layout == Layout::word2 || job.canshu.canshu4 == "ruby") {
     return "the layout " + job.canshu.canshu4 + " is not part of this version";
   }
-  if (options.form == "rtf" || options.form == "docx") {
-    return options.form + " is not part of this version";
+  if (options.form == "docx") {
+    return "docx is not part of this version";
   }
   return {};
 }
@@ -99,7 +101,8 @@ std::vector<Document> documentsOf(const AnnotateOptions& options) {
     if (input == "-") {
       throw CLI::ValidationError("standard input has no name to take into a folder");
     }
-    const std::string ending = options.form == "html" ? ".html" : ".txt";
+    const bool isText = options.form == "text" || options.form == "unicode";
+    const std::string ending = isText ? ".txt" : "." + options.form;
     auto name = std::filesystem::path(input).filename().replace_extension(ending);
     std::string output = (std::filesystem::path(options.output) / name).string();
     if (!outputs.insert(output).second) {
@@ -118,9 +121,9 @@ void annotateDocument(Context& context, Annotator& annotator, const Document& do
     context.fail(document.output, "is the input");
     return;
   }
-  auto source = openInput(document.input);
-  if (!source) {
-    context.fail(document.input, source.error().why);
+  auto input = openDocument(document.input);
+  if (!input) {
+    context.fail(inputName(document.input), input.error().why);
     return;
   }
   auto sink = openOutput(document.output);
@@ -129,7 +132,7 @@ void annotateDocument(Context& context, Annotator& annotator, const Document& do
     return;
   }
   ProgressLine progress(inputName(document.input), context.progress);
-  const auto outcome = annotator.annotate(std::move(source.value()), *sink.value(), progress);
+  const auto outcome = annotator.annotate(std::move(input.value()), *sink.value(), progress);
   switch (outcome.failed) {
     case FailedPart::input:
       context.fail(inputName(document.input), outcome.why);
@@ -147,6 +150,9 @@ void annotateDocument(Context& context, Annotator& annotator, const Document& do
   if (const Done done = sink.value()->commit(); !done) {
     context.fail(outputName(document.output), done.error().why);
     return;
+  }
+  if (!outcome.leftOut.empty()) {
+    context.note(inputName(document.input), "left out: " + namesOf(outcome.leftOut));
   }
   if (outcome.hasLongParagraph) {
     context.note(inputName(document.input), longParagraphText);

@@ -10,7 +10,6 @@ namespace voxilane {
 namespace {
 
 constexpr std::u16string_view lineEnd = u"\r\n";
-constexpr std::u16string_view richTextStart = u"{\\rtf";
 
 // A long text in parts, so that what a part adds to the output can leave before the next one. No
 // character is split.
@@ -33,16 +32,9 @@ DocumentPass::DocumentPass(const AnnotationJob& job, std::optional<Layout> layou
                            Transcriber& transcribe, PassMonitor& monitor, ByteSink& sink)
     : job_(job), layout_(layout), transcribe_(transcribe), monitor_(monitor), out_(sink, monitor) {}
 
-Done DocumentPass::add(std::u16string_view piece) {
+void DocumentPass::add(std::u16string_view piece) {
   text_ += piece;
   blank_ = blank_ && isBlankDocument(piece);
-  if (atBeginning_ && text_.size() >= richTextStart.size()) {
-    atBeginning_ = false;
-    if (std::u16string_view(text_).substr(0, richTextStart.size()) == richTextStart) {
-      return Error{"rich text cannot be read by this version"};
-    }
-  }
-  return std::monostate();
 }
 
 Done DocumentPass::writeReady() {
@@ -71,7 +63,7 @@ Done DocumentPass::writeLast() {
 }
 
 bool DocumentPass::mustWait() const {
-  if (atBeginning_ || job_.form != OutputForm::text) {
+  if (job_.form != OutputForm::text) {
     return true;
   }
   // As long as there are only blanks the document may turn out to be one that no pass touches;

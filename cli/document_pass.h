@@ -13,7 +13,7 @@
 
 namespace voxilane {
 
-enum class OutputForm { text, html };
+enum class OutputForm { text, html, rtf };
 
 struct AnnotationJob {
   CanshuSet canshu;
@@ -30,8 +30,8 @@ class DocumentPass {
   DocumentPass(const AnnotationJob& job, std::optional<Layout> layout, Transcriber& transcribe,
                PassMonitor& monitor, ByteSink& sink);
 
-  // Takes the next piece of the text. Fails when it cannot be treated as plain text.
-  Done add(std::u16string_view piece);
+  // Takes the next piece of the text.
+  void add(std::u16string_view piece);
 
   // Annotates and writes what does not depend on what is still to come.
   Done writeReady();
@@ -61,7 +61,6 @@ class DocumentPass {
   OutputText out_;
   std::u16string text_;       // added and not yet written
   std::size_t searched_ = 0;  // how much of text_ holds no line end
-  bool atBeginning_ = true;   // too little has come to tell what kind of text it is
   bool blank_ = true;
   bool hasLongParagraph_ = false;
 };

@@ -18,7 +18,6 @@ TEST_F(BadInputTest, IsReportedInOneLineAndChangesNoFile) {
   directory.write("binary", std::string("a\0b", 3));
   directory.write("latin", "caf\xE9 noir");
   directory.write("good", "cat");
-  directory.write("rich", "{\\rtf1 cat}");
   directory.write("out", "old");
   struct Case {
     std::string arguments;
@@ -33,7 +32,6 @@ TEST_F(BadInputTest, IsReportedInOneLineAndChangesNoFile) {
       {"annotate $T/good -o /dev/full", 1},
       {"annotate $T/good --layout word1", 1},
       {"annotate $T/good --to docx", 1},
-      {"annotate $T/rich -o $T/out", 1},
       {"mark 'two words'", 1},
       {"mark ' '", 1},
       {"number twelve", 1},
