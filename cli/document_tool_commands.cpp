@@ -4,9 +4,11 @@
 #include "cli/document_input.h"
 #include "cli/output_text.h"
 #include "cli/progress_line.h"
+#include "cli/rich_document.h"
 #include "cli/streams.h"
 #include "core/library_text.h"
 #include "core/text.h"
+#include "platform/rtf/rtf.h"
 #include "platform/text_reader.h"
 #include "shell/program_directory.h"
 #include "tools/font_converter.h"
@@ -72,17 +74,17 @@ class Reconversion {
       failInput(input.error());
       return;
     }
-    if (input.value().isRichText) {
-      failInput({"rich text cannot be read by this version"});
-      return;
-    }
     auto sink = openOutput(options_.output);
     if (!sink) {
       failOutput(sink.error());
       return;
     }
     sink_ = std::move(sink.value());
-    if (convertPlainText(std::move(input.value().source))) {
+    const bool converted = input.value().isRichText
+                               ? convertRichText(std::move(input.value()))
+                               : convertPlainText(std::move(input.value().source));
+    if (converted) {
+      keepReplacedInput(context_, options_.input, options_.output);
       if (const Done done = sink_->commit(); !done) {
         failOutput(done.error());
       }
@@ -122,6 +124,27 @@ class Reconversion {
       progress.progress(PassStage::reading, reader.bytesRead(), reader.size());
     }
     return !options_.report || writeCounts(report);
+  }
+
+  bool convertRichText(DocumentInput input) {
+    const auto reading = readDocument(std::move(input));
+    if (!reading) {
+      return failInput(reading.error());
+    }
+    if (const auto& leftOut = reading.value().leftOut; !leftOut.empty()) {
+      context_.note(inputName(options_.input), "left out: " + namesOf(leftOut));
+    }
+    const RichText& document = reading.value().document;
+    const SegmentConversion conversion = convertSegments(document.text, brackets_, to_);
+    if (options_.report) {
+      SegmentReport report;
+      std::string out;
+      report.append(out, conversion, 0);
+      return write(out) && writeCounts(report);
+    }
+    const RichText converted = edited(document, segmentEdits(conversion.changed));
+    const Done done = writeRtf(converted, *sink_);
+    return done || failOutput(done.error());
   }
 
   bool writeCounts(const SegmentReport& report) {
@@ -189,6 +212,7 @@ void runRefont(Context& context, const RefontOptions& options) {
   auto sink = openOutput(options.output);
   Done done = sink ? sink.value()->write(*source) : Done(sink.error());
   if (done) {
+    keepReplacedInput(context, options.input, options.output);
     done = sink.value()->commit();
   }
   if (!done) {

@@ -36,6 +36,19 @@ TEST_F(DocumentToolsTest, ReconvertRewritesPlainText) {
   }
 }
 
+TEST_F(DocumentToolsTest, ReconvertKeepsTheFormattingOfRichText) {
+  const std::string text =
+      "{\\rtf1{\\fonttbl{\\f0 Arial;}}{\\pict 00}\\qc a [h\\b i:\\b0 t]\\par\\pard [\\'e8iE]}";
+  EXPECT_EQ(output("reconvert --to mei --report", text),
+            "4\thi:t\thit\n12\tèiE\tèIr\nfound 2 changed 2\n");
+  directory.write("a.rtf", text);
+  const Outcome outcome = run("reconvert $T/a.rtf --to mei -o $T/b.rtf");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_NE(outcome.err.find("a.rtf: left out: pictures\n"), std::string::npos) << outcome.err;
+  const std::string written = directory.read("b.rtf");
+  EXPECT_NE(written.find("\\qc a [h\\b i\\b0 t]\\par"), std::string::npos) << written;
+}
+
 TEST_F(DocumentToolsTest, ReconvertTakesTheBracketsOfTheParameters) {
   directory.write("canshushezhi.txt", "canshu2=/\r\n");
   EXPECT_EQ(output("reconvert --to new", "/hit/ [hit]"), "/hIt/ [hit]");
