@@ -1,12 +1,16 @@
 #include "platform/rtf/code_pages.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace voxilane {
 namespace {
 
 constexpr std::int32_t westernEurope = 1252;
 constexpr const char* utf8 = "UTF-8";
+
+// One that ICU has without a table.
+constexpr const char* lastResort = "ISO-8859-1";
 
 struct CodePageName {
   std::int32_t number;
@@ -57,10 +61,15 @@ constexpr char16_t replacement = u'\uFFFD';
 constexpr char euroByte = '\x80';
 constexpr char16_t euro = u'\u20AC';
 
+ConverterPointer openConverterOrLastResort(const char* name) {
+  ConverterPointer converter = openConverter(name);
+  return converter ? std::move(converter) : openConverter(lastResort);
+}
+
 }  // namespace
 
 CodePage::CodePage(const char* name)
-    : converter_(openConverter(name)),
+    : converter_(openConverterOrLastResort(name)),
       isGbk_(std::string_view(name) == codePageName),
       isOneByte_(ucnv_getMaxCharSize(converter_.get()) == 1) {
   UErrorCode status = U_ZERO_ERROR;

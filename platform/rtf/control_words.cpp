@@ -34,7 +34,11 @@ void call(RtfReader& reader, Number /*number*/) {
   (reader.*operation)();
 }
 
-void unicode(RtfReader& reader, Number number) { reader.putWithFallback(number.value_or(0)); }
+void unicode(RtfReader& reader, Number number) {
+  if (number) {
+    reader.putWithFallback(*number);
+  }
+}
 
 void fallbackLength(RtfReader& reader, Number number) {
   reader.group().fallbackLength = number.value_or(1);
@@ -169,6 +173,17 @@ void lineSpacingMultiple(RtfReader& reader, Number number) {
   reader.group().paragraph.lineSpacingIsMultiple = number.value_or(0) != 0;
 }
 
+// Pages
+
+template <std::int32_t PageFormat::*length>
+void setPage(RtfReader& reader, Number number) {
+  if (number && *number >= 0) {
+    reader.page().*length = std::min(*number, maxTwips);
+  }
+}
+
+void landscape(RtfReader& reader, Number /*number*/) { reader.page().isLandscape = true; }
+
 // The document and its tables
 
 template <std::int32_t number>
@@ -260,6 +275,7 @@ constexpr auto controlWords = std::to_array<RtfControlWord>({
     {"hich", setCharacters<RtfCharacters::highAnsi>},
     {"i", turn<&CharacterFormat::italic>},
     {"info", nowhere},
+    {"landscape", landscape},
     {"ldblquote", character<u'\u201C'>, Kind::character},
     {"li", setLength<&ParagraphFormat::leftIndent>},
     {"line", character<u'\v'>, Kind::character},
@@ -271,6 +287,10 @@ constexpr auto controlWords = std::to_array<RtfControlWord>({
     {"ltrch", setCharacters<RtfCharacters::any>},
     {"ltrmark", character<u'\u200E'>, Kind::character},
     {"mac", documentCodePage<macCodePage>},
+    {"margb", setPage<&PageFormat::bottomMargin>},
+    {"margl", setPage<&PageFormat::leftMargin>},
+    {"margr", setPage<&PageFormat::rightMargin>},
+    {"margt", setPage<&PageFormat::topMargin>},
     {"mmathPict", nowhere},
     {"moMath", leaveOut<LeftOut::objects>},
     {"nestcell", call<&RtfReader::endCell>},
@@ -280,6 +300,8 @@ constexpr auto controlWords = std::to_array<RtfControlWord>({
     {"nonshppict", nowhere},
     {"object", leaveOut<LeftOut::objects>},
     {"page", breakLine},
+    {"paperh", setPage<&PageFormat::height>},
+    {"paperw", setPage<&PageFormat::width>},
     {"par", call<&RtfReader::endParagraph>},
     {"pard", paragraph},
     {"pc", documentCodePage<pcCodePage>},

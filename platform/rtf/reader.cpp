@@ -285,7 +285,7 @@ void RtfReader::putElsewhere(char16_t unit) {
     case RtfDestination::fieldInstruction:
       return addToNote(fieldInstruction_, unit);
     case RtfDestination::header:
-      return unit == u' ' ? void() : noteLeftOut(LeftOut::headers);
+      return unit > u' ' ? noteLeftOut(LeftOut::headers) : void();
     case RtfDestination::body:
     case RtfDestination::nowhere:
       break;
@@ -360,6 +360,7 @@ RtfReading RtfReader::finish() {
   const bool isOurs = generator_.starts_with(ownGenerator);
   RtfReading reading{.document = builder_.finish(isOurs), .leftOut = std::move(leftOut_)};
   reading.document.fonts = fonts_.names();
+  reading.document.page = page_;
   if (reading.document.fonts.empty() && !reading.document.text.empty()) {
     reading.document.fonts.emplace_back(fontOfLastResort);
   }

@@ -26,9 +26,9 @@ bool isRtf(std::string_view bytes);
 // Reads a whole file. Damage is read past as well as it can be; only what is no rich text at all,
 // or goes beyond a limit that no honest file reaches, is an error.
 //
-// A tab parts the cells of a table, a line end closes a row; so does a page break a line that is not
-// empty. \par ends a paragraph and a file of a word processor marks its last one too: that mark is
-// no line end. In files of writeRtf, known by their generator, every \par is one.
+// A tab parts the cells of a table, a line end closes a row; so does a page break a line that is
+// not empty. \par ends a paragraph and a file of a word processor marks its last one too: that mark
+// is no line end. In files of writeRtf, known by their generator, every \par is one.
 Result<RtfReading> readRtf(std::string_view source);
 
 // Writes a document, ASCII only. readRtf gives the same document back.
