@@ -77,9 +77,10 @@ RichText withAllBehind(RichText document, const CanshuSet& canshu, std::uint32_t
   return edited(document, edits);
 }
 
-RichText withAlignedLines(const AlignedLines& lines, Layout layout, const CanshuSet& canshu,
-                          std::uint32_t colour) {
+RichText withAlignedLines(const AlignedLines& lines, const PageFormat& page, Layout layout,
+                          const CanshuSet& canshu, std::uint32_t colour) {
   RichText document;
+  document.page = page;
   const int points = canshu.canshu9;
   CharacterFormat english;
   english.font = fontIndex(document, toUtf16(englishFont));
@@ -130,7 +131,8 @@ RichTextPass annotatedDocument(const RichText& document, Layout layout, const Ca
       const DocumentLines paragraphs = fenduan1(document.text);
       const AlignedLines lines =
           walkLines(paragraphs.lines, canshu.brackets(), transcribe, monitor);
-      return {withAlignedLines(lines, layout, canshu, colour), paragraphs.hasLongParagraph};
+      return {withAlignedLines(lines, document.page, layout, canshu, colour),
+              paragraphs.hasLongParagraph};
     }
     case Layout::word1:
     case Layout::word2:

@@ -132,7 +132,8 @@ RichText edited(const RichText& document, std::span<const RichTextEdit> edits) {
                   .characterFormats = document.characterFormats,
                   .paragraphFormats = document.paragraphFormats,
                   .characterRuns = {},
-                  .paragraphRuns = {}};
+                  .paragraphRuns = {},
+                  .page = document.page};
   std::size_t size = document.text.size();
   for (const RichTextEdit& edit : edits) {
     size += edit.text.size();

@@ -42,6 +42,19 @@ struct ParagraphFormat {
   bool operator==(const ParagraphFormat&) const = default;
 };
 
+// The page that a document is printed on, in twips; what nobody tells is so in all rich text files.
+struct PageFormat {
+  std::int32_t width = 12240;
+  std::int32_t height = 15840;
+  std::int32_t leftMargin = 1800;
+  std::int32_t rightMargin = 1800;
+  std::int32_t topMargin = 1440;
+  std::int32_t bottomMargin = 1440;
+  bool isLandscape = false;
+
+  bool operator==(const PageFormat&) const = default;
+};
+
 // From where the run before ends to `end`, one format: an index into the table of formats.
 struct FormatRun {
   std::size_t end = 0;
@@ -60,6 +73,7 @@ struct RichText {
   std::vector<ParagraphFormat> paragraphFormats;
   std::vector<FormatRun> characterRuns;
   std::vector<FormatRun> paragraphRuns;  // each ends behind a line end or at the end of the text
+  PageFormat page;
 };
 
 // A replacement of `length` units at `position`. Without a format the new text takes that of the

@@ -28,6 +28,7 @@ class RtfReader {
   RtfGroup& group() { return groups_.back(); }
   FontTable& fonts() { return fonts_; }
   ColourTable& colours() { return colours_; }
+  PageFormat& page() { return page_; }
 
   // The control word directly ahead of the present one.
   std::string_view previousWord() const { return previousWord_; }
@@ -84,6 +85,7 @@ class RtfReader {
   CodePages codePages_;
   FontTable fonts_;
   ColourTable colours_;
+  PageFormat page_;
   DocumentBuilder builder_;
   std::vector<LeftOut> leftOut_;
   std::vector<RtfGroup> groups_;  // the first one is around the file

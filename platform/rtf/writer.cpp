@@ -64,6 +64,7 @@ class Writer {
     writeFonts();
     writeColours();
     part_ += generator;
+    writePage();
     if (!document_.text.empty()) {
       if (Done done = writeText(); !done) {
         return done;
@@ -99,6 +100,20 @@ class Writer {
     }
     part_ += ";}";
     isGbkFont_.push_back(isChinese);
+  }
+
+  void writePage() {
+    const PageFormat& page = document_.page;
+    if (page == PageFormat{}) {
+      return;
+    }
+    appendControl(part_, "paperw", page.width);
+    appendControl(part_, "paperh", page.height);
+    appendControl(part_, "margl", page.leftMargin);
+    appendControl(part_, "margr", page.rightMargin);
+    appendControl(part_, "margt", page.topMargin);
+    appendControl(part_, "margb", page.bottomMargin);
+    part_ += page.isLandscape ? "\\landscape\r\n" : "\r\n";
   }
 
   void writeColours() {

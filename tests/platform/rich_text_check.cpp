@@ -38,6 +38,19 @@ std::string described(const RichText& document, const CharacterFormat& format) {
   return text + ">";
 }
 
+// Empty for a page of which nothing is told.
+std::string described(const PageFormat& page) {
+  if (page == PageFormat{}) {
+    return "";
+  }
+  std::string text = page.isLandscape ? "<landscape" : "<page";
+  for (const std::int32_t length : {page.width, page.height, page.leftMargin, page.rightMargin,
+                                    page.topMargin, page.bottomMargin}) {
+    text += " " + std::to_string(length);
+  }
+  return text + ">";
+}
+
 std::string described(const ParagraphFormat& format) {
   static constexpr const char* alignments[] = {"left", "right", "centre", "justified"};
   std::string text = "[";
@@ -76,7 +89,7 @@ std::string brokenRule(const RichText& document) {
 }
 
 std::string described(const RichText& document) {
-  std::string text;
+  std::string text = described(document.page);
   std::string paragraph;
   std::string character;
   auto paragraphRun = document.paragraphRuns.begin();

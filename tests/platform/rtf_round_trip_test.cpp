@@ -43,6 +43,11 @@ RichText randomDocument(std::mt19937& random) {
       append(document, texts[below(std::size(texts))], format);
     }
   }
+  if (below(2) == 0) {
+    document.page = {.width = 1 + static_cast<int>(below(30'000)),
+                     .topMargin = static_cast<int>(below(3000)),
+                     .isLandscape = below(2) == 0};
+  }
   document.paragraphRuns.clear();
   for (std::size_t at = 0; at < document.text.size();) {
     const std::size_t lineEnd = document.text.find(u"\r\n", at);

@@ -149,6 +149,15 @@ TEST(RtfWriter, WritesParagraphFormats) {
   }
 }
 
+TEST(RtfWriter, TellsThePageWhereItIsNoCommonOne) {
+  RichText document;
+  EXPECT_EQ(written(document).find("\\paperw"), std::string::npos);
+  document.page = {.width = 16838, .height = 11906, .bottomMargin = 0, .isLandscape = true};
+  EXPECT_NE(written(document).find("\\paperw16838\\paperh11906\\margl1800\\margr1800\\margt1440"
+                                   "\\margb0\\landscape\r\n"),
+            std::string::npos);
+}
+
 TEST(RtfWriter, WritesLongTextInParts) {
   RichText document;
   fontIndex(document, u"Arial");
