@@ -5,22 +5,11 @@
 
 #include "fuzz/input.h"
 #include "platform/rtf/rtf.h"
+#include "tests/support/string_sink.h"
 
 namespace {
 
 using namespace voxilane;
-
-class StringSink : public ByteSink {
- public:
-  Done write(std::string_view part) override {
-    bytes += part;
-    return std::monostate{};
-  }
-  Done flush() override { return std::monostate{}; }
-  Done commit() override { return std::monostate{}; }
-
-  std::string bytes;
-};
 
 void requireRuns(const std::vector<FormatRun>& runs, std::size_t size, std::size_t formats) {
   std::size_t end = 0;
@@ -45,6 +34,7 @@ void requireSound(const RichText& document) {
 
 void requireSame(const RichText& a, const RichText& b) {
   require(a.text == b.text);
+  require(a.page == b.page);
   require(a.fonts == b.fonts || a.fonts.empty());
   require(a.characterFormats == b.characterFormats);
   require(a.paragraphFormats == b.paragraphFormats);

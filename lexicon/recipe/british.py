@@ -10,13 +10,12 @@ from .notation import MARKS, PRIMARY, VOWEL_SET
 # Words that have a long B: before f, s, th or n and another consonant in British, and A in American.
 BATH_WORDS = frozenset('''
     advance advantage aft after aghast answer ask avalanche basket bask bath blanch blast branch brass can't cask
-    casket cast caste castle chaff chance chant clasp class command contrast craft craftsman daft dance demand disaster
-    downcast draft draught enchant enhance example fast fasten flask forecast france ghastly giraffe glance glass graft
-    grant grasp gasp grass half lance last lather laugh laughter mask mast master nasty outcast overcast pass past
-    pasture path photograph autograph telegraph plant planter plaster prance raft rafter ranch rascal rasp rather
-    repast reprimand sample shaft shan't slander slant staff stanch surpass task trance vantage vast wrath calf calve
-    halve aunt mustache moustache alas pastor pastoral finance cenotaph epitaph'''.split()) - {'finance', 'epitaph',
-                                                                                              'wrath', 'fasten'}
+    casket cast caste castle chaff chance chant clasp class command contrast craft craftsman daft dance demand
+    disaster downcast draft draught enchant enhance example fast flask forecast france ghastly giraffe glance glass
+    graft grant grasp gasp grass half lance last lather laugh laughter mask mast master nasty outcast overcast pass
+    past pasture path photograph autograph telegraph plant planter plaster prance raft rafter ranch rascal rasp
+    rather repast reprimand sample shaft shan't slander slant staff stanch surpass task trance vantage vast calf
+    calve halve aunt mustache moustache alas pastor pastoral cenotaph'''.split())
 BATH_ENDINGS = ('s', 'es', 'ed', 'd', 'er', 'ers', 'ing', 'ings', 'y', 'ier', 'iest', 'ly', 'less', 'ful', 'ness',
                 'able', 'est', 'man', 'men', 'work', "'s")
 
