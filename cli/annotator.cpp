@@ -63,7 +63,7 @@ Done Annotator::writePlain(const RichText& document, ByteSink& sink, PassMonitor
                            bool& hasLongParagraph) {
   DocumentPass pass(job_, layout_, transcribe_, monitor, sink);
   pass.add(plainText(document));
-  const Done done = pass.writeLast();
+  Done done = pass.writeLast();
   hasLongParagraph = pass.hasLongParagraph();
   return done;
 }
