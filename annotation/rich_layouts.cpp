@@ -106,7 +106,7 @@ RichText withAlignedLines(const AlignedLines& lines, const PageFormat& page, Lay
 
 }  // namespace
 
-RichText plainDocument(std::u16string text) {
+RichText plainDocument(std::u16string_view text) {
   RichText document;
   CharacterFormat format;
   format.font = fontIndex(document, toUtf16(plainTextFont));

@@ -14,7 +14,7 @@ inline constexpr std::string_view englishFont = "Times New Roman";
 inline constexpr std::string_view plainTextFont = "\u5b8b\u4f53";
 
 // A plain text as the window holds it: in its one font, black.
-RichText plainDocument(std::u16string text);
+RichText plainDocument(std::u16string_view text);
 
 struct RichTextPass {
   RichText document;

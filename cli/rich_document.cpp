@@ -54,7 +54,7 @@ Result<RtfReading> readDocument(DocumentInput input) {
   if (!text) {
     return text.error();
   }
-  return RtfReading{plainDocument(std::move(text.value())), {}};
+  return RtfReading{plainDocument(text.value()), {}};
 }
 
 Done saveDocument(const RichText& document, ByteSink& sink) {
