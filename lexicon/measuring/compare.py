@@ -1,18 +1,12 @@
 """Compares transcriptions of different notations without stress, as strings of one common set of sounds."""
 import json
 import re
-import subprocess
-import sys
-from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parent.parent))
+from recipe import notation
 
-from recipe import notation  # noqa: E402
-
-from .fetch import npm_package  # noqa: E402
+from .fetch import npm_package
 
 WIKI = 'wiki-pronunciation-dict@1.0.1'
-VOICE = 'en-gb-x-rp'
 
 # A sound of ours as the list writes it; it has neither length nor stress marks.
 OURS = {'i:': 'i', 'B:': 'ɑ', 'C:': 'ɔ', 'u:': 'u', 'E:': 'ɜ', 'ei': 'eɪ', 'ai': 'aɪ', 'Ci': 'ɔɪ', 'Eu': 'əʊ',
@@ -46,12 +40,3 @@ def wiki_readings(cache):
     found = json.loads(path.read_text(encoding='utf-8'))
     return {word.replace('’', "'"): {plain(reading.replace(' ', '')) for reading in readings}
             for word, readings in found.items()}
-
-
-def espeak(words):
-    """What espeak-ng says for each word, as it writes it."""
-    made = subprocess.run(['espeak-ng', '-q', '--ipa', '-v', VOICE], input='\n'.join(words), text=True, check=True,
-                          stdout=subprocess.PIPE).stdout.splitlines()
-    if len(made) != len(words):
-        raise RuntimeError(f'espeak-ng answered {len(made)} lines to {len(words)} words')
-    return dict(zip(words, (line.strip() for line in made)))

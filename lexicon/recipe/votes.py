@@ -32,19 +32,23 @@ def agree(one, other):
     return consonants(one) == consonants(other)
 
 
+def spoken(words):
+    """What espeak-ng says for each word, as it writes it."""
+    made = subprocess.run(['espeak-ng', '-q', '--ipa', '-v', VOICE], input='\n'.join(words), text=True, check=True,
+                          stdout=subprocess.PIPE).stdout.splitlines() if words else []
+    if len(made) != len(words):
+        raise RuntimeError(f'espeak-ng answered {len(made)} lines to {len(words)} words')
+    return {word: line.strip() for word, line in zip(words, made)}
+
+
 class Espeak:
     """The readings of espeak-ng for the words that are asked, which are asked together."""
 
     def __init__(self, words):
-        words = sorted(words)
-        answer = subprocess.run(['espeak-ng', '-q', '--ipa', '-v', VOICE], input='\n'.join(words), text=True,
-                                check=True, stdout=subprocess.PIPE).stdout.splitlines() if words else []
-        if len(answer) != len(words):
-            raise RuntimeError(f'espeak-ng answered {len(answer)} lines to {len(words)} words')
         self.readings = {}
-        for word, said in zip(words, answer):
+        for word, said in spoken(sorted(words)).items():
             try:
-                text = said.strip().replace('ɐ', 'ə').translate(phonetics.ONE_WRITING)
+                text = said.replace('ɐ', 'ə').translate(phonetics.ONE_WRITING)
                 self.readings[word] = notation.written(phonetics.spoken_r_only(phonetics.sounds_read('a', text)))
             except Refused:
                 pass
